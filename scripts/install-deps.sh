@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Installs the Debian 12 packages that building, running and testing Quillet need.
+# Safe to run repeatedly: only missing packages are installed.
+set -euo pipefail
+
+PACKAGES=(
+  build-essential cmake ninja-build pkg-config git ca-certificates
+  qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-declarative-dev-tools
+  qt6-multimedia-dev qt6-svg-dev qt6-lottie-dev qt6-5compat-dev qt6-tools-dev-tools
+  qt6-qpa-plugins qt6-image-formats-plugins libqt6opengl6-dev
+  qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
+  qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-shapes
+  qml6-module-qtquick-dialogs qml6-module-qtqml-workerscript qml6-module-qtqml-models
+  qml6-module-qt-labs-lottieqt qml6-module-qt5compat-graphicaleffects
+  qml6-module-qtmultimedia qml6-module-qttest qml6-module-qtcore
+  libavcodec-dev libavformat-dev libavutil-dev libswscale-dev libswresample-dev libavfilter-dev
+  ffmpeg libsqlite3-dev libwebp-dev nlohmann-json3-dev libcpp-httplib-dev libssl-dev
+  libgtest-dev libgmock-dev libbenchmark-dev
+  clang-format clang-tidy
+  xvfb xauth fonts-dejavu-core fonts-liberation2 fonts-noto-core
+)
+
+missing=()
+for p in "${PACKAGES[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if ((${#missing[@]})); then
+  echo "Installing: ${missing[*]}"
+  SUDO=""
+  [[ $(id -u) -ne 0 ]] && SUDO="sudo"
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi

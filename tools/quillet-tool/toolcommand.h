@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStringList>
+
+#include <functional>
+
+/**
+ * One sub-command of quillet-tool ("doc", "store", "api", ...). Each command file registers itself
+ * with a static ToolCommand; `run` gets the arguments after the command word and returns the exit code.
+ */
+struct ToolCommand
+{
+    using Runner = std::function<int(const QStringList &args)>;
+    ToolCommand(const char *name, const char *usage, Runner run);
+
+    const char *name;
+    const char *usage;
+    Runner run;
+};
+
+/** Prints a message to stderr and returns 1, for the commands' error exits. */
+int toolFail(const QString &message);

@@ -1,0 +1,40 @@
+#include "imageview.h"
+
+ImageView::ImageView(const QRectF &frame, QObject *parent)
+    : View(frame, parent)
+{
+}
+
+void ImageView::setImage(const QImage &image)
+{
+    m_image = image;
+    notifyChanged();
+}
+
+void ImageView::setContentMode(ContentMode mode)
+{
+    m_contentMode = mode;
+    notifyChanged();
+}
+
+QRectF ImageView::imageRect() const
+{
+    const QRectF area = bounds();
+    if (m_image.isNull() || area.isEmpty())
+        return area;
+    const QSizeF picture = m_image.deviceIndependentSize();
+    QSizeF size = picture;
+    switch (m_contentMode) {
+    case ContentMode::ScaleToFill:
+        return area;
+    case ContentMode::ScaleAspectFit:
+        size = picture.scaled(area.size(), Qt::KeepAspectRatio);
+        break;
+    case ContentMode::ScaleAspectFill:
+        size = picture.scaled(area.size(), Qt::KeepAspectRatioByExpanding);
+        break;
+    case ContentMode::Center:
+        break;
+    }
+    return {area.center().x() - size.width() / 2, area.center().y() - size.height() / 2, size.width(), size.height()};
+}

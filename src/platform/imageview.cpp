@@ -38,3 +38,15 @@ QRectF ImageView::imageRect() const
     }
     return {area.center().x() - size.width() / 2, area.center().y() - size.height() / 2, size.width(), size.height()};
 }
+
+void ImageView::paintContent(QPainter &painter) const
+{
+    if (m_image.isNull())
+        return;
+    painter.save();
+    if (m_contentMode == ContentMode::ScaleAspectFill || m_contentMode == ContentMode::Center)
+        painter.setClipRect(bounds(), Qt::IntersectClip);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(imageRect(), m_image);
+    painter.restore();
+}

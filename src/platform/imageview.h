@@ -19,6 +19,8 @@ public:
     void setContentMode(ContentMode mode);
     /** Where the picture lands inside the bounds under the content mode. */
     [[nodiscard]] QRectF imageRect() const;
+    /** Draws the picture by the content mode, clipped to the bounds for the filling modes. */
+    void paintContent(QPainter &painter) const override;
 
 private:
     QImage m_image;

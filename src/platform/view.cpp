@@ -206,3 +206,5 @@ View *View::hitTest(const QPointF &point)
     }
     return this;
 }
+
+void View::paintContent(QPainter &painter) const { Q_UNUSED(painter); }

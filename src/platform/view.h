@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QPainter>
 #include <QList>
 #include <QObject>
 #include <QPointF>
@@ -78,6 +79,13 @@ public:
     [[nodiscard]] virtual bool pointInside(const QPointF &point) const;
     /** The deepest visible, interactive view under a point of this view's coordinates, or null. */
     [[nodiscard]] View *hitTest(const QPointF &point);
+
+    /**
+     * Draws this view's own content (not its background colour, not its subviews) into its bounds.
+     * The canvas renderer calls it for every view of the tree, back to front, with the painter already
+     * in this view's coordinates; a kind of view with content of its own overrides it.
+     */
+    virtual void paintContent(QPainter &painter) const;
 
 Q_SIGNALS:
     /** Something that affects drawing changed: geometry, alpha, visibility, stacking or content. */

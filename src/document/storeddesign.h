@@ -1,0 +1,17 @@
+#pragma once
+
+#include "json.h"
+
+#include <QString>
+
+#include <nlohmann/json.hpp>
+
+#include <memory>
+
+/**
+ * A design as the store holds it. A dictionary whose "sample_image" is a text is a document; any
+ * other (the empty one included) is read as the older snapshot form and converted, in memory only.
+ * Text that is not a JSON object counts as the empty dictionary, so a document always comes back.
+ */
+[[nodiscard]] std::shared_ptr<Json> readStoredDesign(const QString &text);
+[[nodiscard]] std::shared_ptr<Json> readStoredDesign(const nlohmann::ordered_json &dictionary);

@@ -1,0 +1,74 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+
+/** Draws the alert of the moment: a dimmed screen with a card of title, message and buttons. */
+Item {
+    id: root
+    property var alert: null
+    visible: root.alert !== null
+    z: 1000
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.scrim
+        TapHandler { }
+    }
+
+    Rectangle {
+        id: card
+        anchors.centerIn: parent
+        width: Math.min(parent.width - 2 * Theme.margin * 2, 300)
+        height: column.implicitHeight + 2 * Theme.margin
+        radius: Theme.radius
+        color: Theme.surface
+
+        ColumnLayout {
+            id: column
+            anchors.fill: parent
+            anchors.margins: Theme.margin
+            spacing: Theme.spacing
+
+            Label {
+                Layout.fillWidth: true
+                text: root.alert ? root.alert.title : ""
+                visible: text.length > 0
+                font.family: Theme.titleFont
+                font.pixelSize: Theme.fontTitle
+                font.weight: Font.Medium
+                color: Theme.text
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.WordWrap
+            }
+            Label {
+                Layout.fillWidth: true
+                text: root.alert ? root.alert.message : ""
+                visible: text.length > 0
+                font.family: Theme.bodyFont
+                font.pixelSize: Theme.fontBody
+                color: Theme.textMuted
+                horizontalAlignment: Text.AlignHCenter
+                wrapMode: Text.WordWrap
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                Layout.topMargin: Theme.spacing
+                spacing: Theme.spacing
+                Repeater {
+                    model: root.alert ? root.alert.actionTitles : []
+                    delegate: Button {
+                        required property string modelData
+                        Layout.fillWidth: true
+                        objectName: "alertButton_" + modelData
+                        text: modelData
+                        flat: root.alert !== null && modelData === root.alert.cancelTitle
+                        highlighted: !flat
+                        font.family: Theme.titleFont
+                        font.weight: Font.Medium
+                        onClicked: root.alert.trigger(modelData)
+                    }
+                }
+            }
+        }
+    }
+}

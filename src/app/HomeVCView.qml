@@ -1,0 +1,153 @@
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Layouts
+
+/** The home screen: the title bar and the four design tabs. */
+Page {
+    id: root
+    required property var vc
+
+    background: Rectangle { color: Theme.background }
+
+    header: Rectangle {
+        height: Theme.barHeight + tabs.height
+        color: Theme.accent
+
+        RowLayout {
+            id: bar
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.top: parent.top
+            height: Theme.barHeight
+            anchors.leftMargin: Theme.margin
+            anchors.rightMargin: Theme.margin
+            spacing: Theme.spacing
+
+            Column {
+                objectName: "menuButton"
+                spacing: 4
+                Repeater {
+                    model: 3
+                    delegate: Rectangle { width: 20; height: 2; radius: 1; color: Theme.textOnAccent }
+                }
+            }
+            Label {
+                Layout.fillWidth: true
+                text: root.vc.title
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontTitle + 2
+                horizontalAlignment: Text.AlignHCenter
+            }
+            Rectangle {
+                width: 30
+                height: 30
+                radius: 15
+                color: "transparent"
+                border.color: Theme.textOnAccent
+                border.width: 2
+                Rectangle {
+                    width: 9
+                    height: 2
+                    radius: 1
+                    color: Theme.textOnAccent
+                    rotation: 45
+                    x: 20
+                    y: 24
+                }
+            }
+        }
+
+        Row {
+            id: tabs
+            objectName: "tabs"
+            anchors.top: bar.bottom
+            anchors.left: parent.left
+            anchors.right: parent.right
+            height: Theme.tabHeight
+            Repeater {
+                model: root.vc.tabTitles
+                delegate: Item {
+                    id: tab
+                    required property int index
+                    required property string modelData
+                    readonly property bool selected: root.vc.selectedTab === index
+                    width: tabs.width / root.vc.tabTitles.length
+                    height: tabs.height
+                    Label {
+                        anchors.centerIn: parent
+                        text: tab.modelData
+                        color: Theme.textOnAccent
+                        opacity: tab.selected ? 1 : 0.7
+                        font.family: Theme.titleFont
+                        font.weight: tab.selected ? Font.Medium : Font.Normal
+                        font.pixelSize: Theme.fontBody
+                    }
+                    Rectangle {
+                        anchors.bottom: parent.bottom
+                        anchors.horizontalCenter: parent.horizontalCenter
+                        width: parent.width * 0.6
+                        height: 3
+                        radius: 1.5
+                        color: Theme.textOnAccent
+                        visible: tab.selected
+                    }
+                    TapHandler { onTapped: root.vc.selectedTab = tab.index }
+                }
+            }
+        }
+    }
+
+    StackLayout {
+        anchors.fill: parent
+        currentIndex: root.vc.selectedTab
+        Repeater {
+            model: root.vc.tabTitles
+            delegate: Item {
+                id: page
+                required property string modelData
+                Column {
+                    anchors.centerIn: parent
+                    spacing: Theme.margin
+                    width: parent.width - 4 * Theme.margin
+                    Row {
+                        anchors.horizontalCenter: parent.horizontalCenter
+                        spacing: Theme.spacing
+                        Repeater {
+                            model: 3
+                            delegate: SampleCard {
+                                required property int index
+                                name: page.modelData + index
+                                width: 64
+                                height: 112
+                                opacity: 0.9
+                            }
+                        }
+                    }
+                    Label {
+                        width: parent.width
+                        text: page.modelData === "My Story" ? qsTr("Your designs will live here")
+                                                             : qsTr("%1 templates are on their way").arg(page.modelData)
+                        font.family: Theme.titleFont
+                        font.weight: Font.Medium
+                        font.pixelSize: Theme.fontTitle
+                        color: Theme.text
+                        horizontalAlignment: Text.AlignHCenter
+                        wrapMode: Text.WordWrap
+                    }
+                    Label {
+                        width: parent.width
+                        text: page.modelData === "My Story" ? qsTr("Every design you save stays editable here.")
+                                                             : qsTr("Pick a template, make it yours, and share it in seconds.")
+                        font.family: Theme.bodyFont
+                        font.pixelSize: Theme.fontBody
+                        color: Theme.textMuted
+                        horizontalAlignment: Text.AlignHCenter
+                        wrapMode: Text.WordWrap
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,30 @@
+pragma Singleton
+import QtQuick
+
+/** Colours, fonts and spacing of the whole application. */
+QtObject {
+    readonly property color accent: "#E05863"
+    readonly property color accentDark: "#C2434E"
+    readonly property color accentSoft: "#FBE3E5"
+    readonly property color background: "#F7F5F6"
+    readonly property color surface: "#FFFFFF"
+    readonly property color text: "#1F1A1C"
+    readonly property color textMuted: "#857A7E"
+    readonly property color separator: "#EBE4E6"
+    readonly property color textOnAccent: "#FFFFFF"
+    readonly property color scrim: "#80000000"
+
+    readonly property string titleFont: "Rubik"
+    readonly property string bodyFont: "Montserrat"
+
+    readonly property int spacing: 8
+    readonly property int margin: 16
+    readonly property int radius: 14
+    readonly property int barHeight: 56
+    readonly property int tabHeight: 48
+
+    readonly property int fontSmall: 12
+    readonly property int fontBody: 14
+    readonly property int fontTitle: 18
+    readonly property int fontHeadline: 26
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "viewcontroller.h"
+
+#include <QStringList>
+
+class Storyboard;
+
+/** The animated launch screen: the logo animation plays once, then the home screen becomes the root. */
+class AnimatedLaunchScreen : public ViewController
+{
+    Q_OBJECT
+    /** The one letter under the logo. */
+    Q_PROPERTY(QString logoLetter READ logoLetter CONSTANT)
+    /** The pictures of the four scrolling columns, by column; names end in "_img_1" to "_img_4". */
+    Q_PROPERTY(QStringList columnPictures READ columnPictures CONSTANT)
+public:
+    explicit AnimatedLaunchScreen(QObject *parent = nullptr);
+
+    /** Where HomeVC comes from when the animation ends. */
+    void setStoryboard(const Storyboard *storyboard) { m_storyboard = storyboard; }
+    [[nodiscard]] QString logoLetter() const { return QStringLiteral("Q"); }
+    [[nodiscard]] QStringList columnPictures() const;
+
+    /** The logo animation finished: HomeVC becomes the new root. */
+    Q_INVOKABLE void animationCompleted();
+    /** The logo animation was cancelled: nothing further happens. */
+    Q_INVOKABLE void animationCancelled();
+
+private:
+    const Storyboard *m_storyboard = nullptr;
+};

@@ -1,0 +1,148 @@
+import QtQuick
+import Quillet.Editor.Layers
+
+/**
+ * Touch and mouse input for one sticker or text layer, laid over it on the canvas. It follows the
+ * layer's geometry and feeds the layer's gesture actions with their phases: tap, one-finger move, pinch
+ * (and the wheel on a desktop), two-finger turn, and the close, rotate and resize handles. All geometry
+ * and decisions stay in the layer; this file only converts coordinates.
+ */
+Item {
+    id: root
+
+    /** The layer, a ResizableImageView or a ResizableView. */
+    required property LayerView layer
+    /** Screen units per canvas point; the parent item is the canvas. */
+    property real canvasScale: 1
+
+    readonly property size layerSize: root.layer.layerSize
+    readonly property rect area: root.layer.contentRect
+
+    x: (root.layer.layerCenter.x - root.layerSize.width / 2) * root.canvasScale
+    y: (root.layer.layerCenter.y - root.layerSize.height / 2) * root.canvasScale
+    width: root.layerSize.width * root.canvasScale
+    height: root.layerSize.height * root.canvasScale
+    rotation: root.layer.rotationDegrees
+
+    // A scene point in the layer's own coordinates (the item turns with the layer).
+    function inLayer(scenePoint) {
+        const p = root.mapFromItem(null, scenePoint.x, scenePoint.y)
+        return Qt.point(p.x / root.canvasScale, p.y / root.canvasScale)
+    }
+    // A scene point in the canvas's coordinates, the layer's superview.
+    function inCanvas(scenePoint) {
+        const p = root.parent.mapFromItem(null, scenePoint.x, scenePoint.y)
+        return Qt.point(p.x / root.canvasScale, p.y / root.canvasScale)
+    }
+
+    Item {
+        id: content
+        x: root.area.x * root.canvasScale
+        y: root.area.y * root.canvasScale
+        width: root.area.width * root.canvasScale
+        height: root.area.height * root.canvasScale
+
+        TapHandler {
+            onTapped: root.layer.tapGesture()
+        }
+        DragHandler {
+            id: move
+            property point last
+            target: null
+            onActiveChanged: {
+                if (move.active) {
+                    move.last = root.inCanvas(move.centroid.scenePosition)
+                    root.layer.panGesture(LayerView.Began, Qt.point(0, 0))
+                } else {
+                    root.layer.panGesture(LayerView.Ended, Qt.point(0, 0))
+                }
+            }
+            onCentroidChanged: {
+                if (!move.active)
+                    return
+                const p = root.inCanvas(move.centroid.scenePosition)
+                root.layer.panGesture(LayerView.Changed, Qt.point(p.x - move.last.x, p.y - move.last.y))
+                move.last = p
+            }
+        }
+        PinchHandler {
+            id: pinch
+            target: null
+            onActiveChanged: {
+                const phase = pinch.active ? LayerView.Began : LayerView.Ended
+                root.layer.pinchGesture(phase, pinch.activeScale)
+                root.layer.rotateGesture(phase, pinch.rotation * Math.PI / 180)
+            }
+            onUpdated: {
+                if (!pinch.active)
+                    return
+                root.layer.pinchGesture(LayerView.Changed, pinch.activeScale)
+                if (root.layer instanceof ResizableView)
+                    root.layer.rotateGesture(LayerView.Changed, pinch.rotation * Math.PI / 180)
+            }
+        }
+        WheelHandler {
+            id: wheel
+            property real scale: 1
+            target: null
+            acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+            onWheel: event => {
+                if (!wheel.active) {
+                    wheel.scale = 1
+                    root.layer.pinchGesture(LayerView.Began, 1)
+                }
+                wheel.scale *= Math.pow(1.0015, event.angleDelta.y)
+                root.layer.pinchGesture(LayerView.Changed, wheel.scale)
+            }
+            onActiveChanged: {
+                if (!wheel.active)
+                    root.layer.pinchGesture(LayerView.Ended, wheel.scale)
+            }
+        }
+    }
+
+    component Handle: Item {
+        width: LayerView.buttonSize * root.canvasScale
+        height: width
+        visible: root.layer.selected
+    }
+
+    Handle {
+        objectName: "cancelHandle"
+        x: 0
+        y: 0
+        TapHandler {
+            onTapped: root.layer.buttonTapGesture()
+        }
+    }
+    Handle {
+        objectName: "rotateHandle"
+        x: 0
+        y: root.height - height
+        DragHandler {
+            id: turn
+            target: null
+            onActiveChanged: root.layer.buttonRotateGesture(turn.active ? LayerView.Began : LayerView.Ended,
+                                                            root.inCanvas(turn.centroid.scenePosition))
+            onCentroidChanged: {
+                if (turn.active)
+                    root.layer.buttonRotateGesture(LayerView.Changed, root.inCanvas(turn.centroid.scenePosition))
+            }
+        }
+    }
+    Handle {
+        objectName: "resizeHandle"
+        x: root.width - width
+        y: root.height - height
+        DragHandler {
+            id: resize
+            target: null
+            onActiveChanged: root.layer.buttonPanGesture(resize.active ? LayerView.Began : LayerView.Ended,
+                                                         root.inLayer(resize.centroid.scenePosition))
+            onCentroidChanged: {
+                if (resize.active)
+                    root.layer.buttonPanGesture(LayerView.Changed, root.inLayer(resize.centroid.scenePosition))
+            }
+        }
+    }
+}

@@ -1,0 +1,293 @@
+#include "resizableview.h"
+
+#include "hexcolor.h"
+#include "picturefile.h"
+#include "picturesource.h"
+#include "textlayoutengine.h"
+
+#include <QVariantAnimation>
+
+ResizableView::ResizableView(const QRectF &frame, QObject *parent)
+    : LayerView(frame, parent)
+{
+    setupViews();
+}
+
+void ResizableView::setupViews()
+{
+    setupFrame();
+    addBorderView(0.0);
+    const QRectF area(QPointF(0, 0), mainView->bounds().size());
+    contentView = new View(area);
+    contentView->setAutoresizingMask(FlexibleAll);
+    contentView->setBackgroundColor(Qt::transparent);
+    mainView->addSubview(contentView);
+    backgroundView = new ImageView(area);
+    backgroundView->setAutoresizingMask(FlexibleAll);
+    backgroundView->setBackgroundColor(Qt::transparent);
+    contentView->addSubview(backgroundView);
+    textView = new ResizableTextView(area);
+    textView->setAutoresizingMask(FlexibleAll);
+    textView->superView = this;
+    contentView->addSubview(textView);
+    setupControls();
+
+    textView->setAlignment(Qt::AlignHCenter);
+    textView->setBackgroundColor(Qt::transparent);
+    // Names no font on purpose: the font entry stays out until a font that exists is named.
+    textView->fontName = QStringLiteral("Helveticas");
+    textView->fontSize = contentView->bounds().height();
+    textView->applyFontName();
+    textView->foregroundColor = textColor;
+    textView->applyForegroundColor();
+}
+
+void ResizableView::resizeToFitText()
+{
+    const QSizeF fits = textView->sizeThatFits(QSizeF(maxWidth, std::numeric_limits<qreal>::max()));
+    setBounds(QRectF(bounds().topLeft(), fits + QSizeF(buttonSize, buttonSize)));
+    mainView->setFrame(QRectF(QPointF(contentInset, contentInset), fits));
+    layoutControls();
+}
+
+qint64 ResizableView::alignmentCode(Qt::Alignment alignment)
+{
+    if (alignment & Qt::AlignLeft)
+        return 1;
+    if (alignment & Qt::AlignRight)
+        return 3;
+    return 2;
+}
+
+void ResizableView::writePosition(TextJson &json) const
+{
+    const QRectF r = unrotatedFrame();
+    json.xPos = r.x() + contentInset + TextLayoutEngine::margin;
+    json.yPos = r.y() + contentInset + TextLayoutEngine::margin;
+}
+
+void ResizableView::updateTextJson(std::shared_ptr<TextJson> json)
+{
+    textJson = std::move(json);
+    if (!textJson)
+        return;
+    writePosition(*textJson);
+    textJson->status = 2;
+    if (delegate)
+        delegate->textDidUpdate(textJson);
+}
+
+void ResizableView::setTag(qint64 tag)
+{
+    View::setTag(tag);
+    if (!textJson)
+        textJson = std::make_shared<TextJson>();
+    TextJson &json = *textJson;
+    writePosition(json);
+    json.size = textView->fontSize;
+    if (!json.opacity)
+        json.opacity = 100.0;
+    json.angle = zAngle;
+    json.shadowRadius = textView->textShadowBlur;
+    json.shadowDistance
+        = textView->textShadowOffset ? std::optional<double>(textView->textShadowOffset->height()) : std::nullopt;
+    json.text = textView->text();
+    if (textView->foregroundColor)
+        json.color = HexColor::toString(*textView->foregroundColor);
+    json.fontName = textView->fontName;
+    json.underline = textView->textUnderline;
+    if (!backgroundView->image().isNull() && json.bg_image.value_or(QString()).isEmpty()) {
+        const QString name = PictureFile::write(backgroundView->image());
+        if (!name.isEmpty())
+            json.bg_image = name;
+    }
+    json.shadowColor = HexColor::toString(textView->textShadowColor);
+    if (!json.index || *json.index == 0)
+        json.index = tag;
+    json.land_space = textView->letterSpace;
+    json.vert_space = textView->paragraphStyle.lineSpacing;
+    json.alignment = alignmentCode(textView->paragraphStyle.alignment);
+    if (delegate)
+        delegate->textDidAttach(textJson);
+}
+
+void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWidth, qint64 index, bool isLoading)
+{
+    if (!json)
+        return;
+    const QPointF origin = frame().topLeft();
+    // The record is taken over at the end; until then no step may write into any record.
+    textJson.reset();
+    ResizableTextView *text = textView;
+    if (const QString color = json->color.value_or(QString()); !color.isEmpty()) {
+        text->foregroundColor = HexColor::fromString(color);
+        text->applyForegroundColor();
+    }
+    if (const QImage texture = PictureSource::load(json->texture_image.value_or(QString())); !texture.isNull()) {
+        text->patternColor = texture;
+        text->applyPattern();
+    }
+    hideControls();
+    text->setText(ResizableTextView::styled(json->text.value_or(QString()), json->text_style));
+    if (const QString font = json->fontName.value_or(QString()); !font.isEmpty()) {
+        text->fontName = font;
+        text->applyFontName();
+    }
+    if (json->size)
+        text->fontSize = *json->size;
+    text->applyFontSize();
+    backgroundView->setImage(PictureSource::load(json->bg_image.value_or(QString())));
+    if (json->opacity)
+        text->setAlpha(*json->opacity / 100.0);
+    switch (json->alignment) {
+    case 1:
+        text->setAlignment(Qt::AlignLeft);
+        break;
+    case 2:
+        text->setAlignment(Qt::AlignHCenter);
+        break;
+    case 3:
+        text->setAlignment(Qt::AlignRight);
+        break;
+    default:
+        break;
+    }
+    const QColor shadowColor = HexColor::fromString(json->shadowColor.value_or(QString()));
+    if (shadowColor.isValid() && json->shadowRadius.value_or(0) > 0 && json->shadowDistance.value_or(0) > 0) {
+        text->textShadowColor = shadowColor;
+        text->applyShadowColor();
+        text->textShadowBlur = *json->shadowRadius;
+        text->applyShadowBlur();
+        text->textShadowOffset = QSizeF(*json->shadowDistance, *json->shadowDistance);
+        text->applyShadowOffset();
+    }
+    text->applyLetterSpace(json->land_space.value_or(0));
+    text->applyLineSpacing(json->vert_space.value_or(0));
+    text->textUnderline = json->underline.value_or(0);
+    text->applyUnderline();
+    maxWidth = canvasWidth;
+    resizeToFitText();
+    setFrame(QRectF(origin, frame().size()));
+    text->editable = false;
+    text->selectable = false;
+    if (json->angle)
+        applyLoadedAngle(*json->angle);
+    textJson = json;
+    if (isLoading)
+        flash();
+    setTag(index);
+}
+
+void ResizableView::flash()
+{
+    auto *overlay = new View(QRectF(QPointF(0, 0), bounds().size()));
+    overlay->setBackgroundColor(HexColor::fromString(QStringLiteral("00D3FF")));
+    overlay->setAlpha(0.2);
+    addSubview(overlay);
+    auto *fade = new QVariantAnimation(overlay);
+    fade->setDuration(850);
+    fade->setStartValue(0.2);
+    fade->setEndValue(0.0);
+    connect(fade, &QVariantAnimation::valueChanged, overlay,
+        [overlay](const QVariant &value) { overlay->setAlpha(value.toReal()); });
+    connect(fade, &QVariantAnimation::finished, overlay, [overlay] {
+        overlay->removeFromSuperview();
+        overlay->deleteLater();
+    });
+    fade->start();
+}
+
+void ResizableView::buttonTapGesture()
+{
+    if (delegate)
+        delegate->textWillClose(this);
+    removeFromSuperview();
+    deleteLater();
+}
+
+void ResizableView::buttonPanGesture(GesturePhase phase, const QPointF &location)
+{
+    switch (phase) {
+    case Began:
+        prevPoint = location;
+        break;
+    case Changed: {
+        const qreal dv = (location.x() - prevPoint.value_or(location).x()) / bounds().width();
+        if (textView->fontSize + dv * 125.0 > 1.0) {
+            textView->fontSize += dv * 125.0;
+            textView->applyFontSize();
+        }
+        prevPoint = location;
+        break;
+    }
+    case Ended:
+        prevPoint = location;
+        if (textJson)
+            textJson->size = textView->fontSize;
+        updateTextJson(textJson);
+        break;
+    }
+}
+
+void ResizableView::pinchGesture(GesturePhase phase, qreal scale)
+{
+    if (!isSelected())
+        return;
+    switch (phase) {
+    case Began:
+        m_lastPinchScale = 1.0;
+        break;
+    case Changed: {
+        // The recogniser's scale goes back to 1.0 after each step, so each step is relative.
+        const qreal step = m_lastPinchScale > 0 ? scale / m_lastPinchScale : 1.0;
+        m_lastPinchScale = scale;
+        const qreal d = (step - 1.0) * 100.0;
+        if (textView->fontSize + d > 1.0) {
+            textView->fontSize += d;
+            textView->applyFontSize();
+        }
+        break;
+    }
+    case Ended:
+        if (textJson)
+            textJson->size = textView->fontSize;
+        updateTextJson(textJson);
+        m_lastPinchScale = 1.0;
+        break;
+    }
+}
+
+void ResizableView::didSelect()
+{
+    if (delegate)
+        delegate->textDidSelect(this);
+}
+
+void ResizableView::didDeselect()
+{
+    if (delegate)
+        delegate->textDidDeselect(this);
+}
+
+void ResizableView::didDrag()
+{
+    if (delegate)
+        delegate->textDidDrag(this);
+}
+
+void ResizableView::didEndDrag()
+{
+    if (delegate)
+        delegate->textDidEndDrag(this);
+}
+
+void ResizableView::commitGeometry()
+{
+    updateTextJson(textJson);
+}
+
+void ResizableView::storeAngle()
+{
+    if (textJson)
+        textJson->angle = zAngle;
+}

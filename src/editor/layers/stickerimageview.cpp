@@ -1,0 +1,5 @@
+#include "stickerimageview.h"
+
+StickerImageView::StickerImageView(const QRectF &frame, QObject *parent)
+    : ImageView(frame, parent)
+{ }

@@ -28,7 +28,6 @@ void ResizableView::setupViews()
     contentView->addSubview(backgroundView);
     textView = new ResizableTextView(area);
     textView->setAutoresizingMask(FlexibleAll);
-    textView->superView = this;
     contentView->addSubview(textView);
     setupControls();
 
@@ -40,6 +39,8 @@ void ResizableView::setupViews()
     textView->applyFontName();
     textView->foregroundColor = textColor;
     textView->applyForegroundColor();
+    // Linked last, so that building the look neither resizes the layer nor writes a record.
+    textView->superView = this;
 }
 
 void ResizableView::resizeToFitText()

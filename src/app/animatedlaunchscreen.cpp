@@ -1,9 +1,9 @@
 #include "animatedlaunchscreen.h"
 
+#include "applog.h"
 #include "navigationcontroller.h"
 #include "storyboard.h"
 
-#include <cstdio>
 
 AnimatedLaunchScreen::AnimatedLaunchScreen(QObject *parent)
     : ViewController(parent)
@@ -22,8 +22,7 @@ QStringList AnimatedLaunchScreen::columnPictures() const
 
 void AnimatedLaunchScreen::animationCompleted()
 {
-    std::printf("Lottie Animation Completed\n");
-    std::fflush(stdout);
+    AppLog::print(QStringLiteral("Lottie Animation Completed"));
     NavigationController *navigation = navigationController();
     if (!navigation || !m_storyboard)
         return;
@@ -33,6 +32,5 @@ void AnimatedLaunchScreen::animationCompleted()
 
 void AnimatedLaunchScreen::animationCancelled()
 {
-    std::printf("Lottie Animation Cancelled\n");
-    std::fflush(stdout);
+    AppLog::print(QStringLiteral("Lottie Animation Cancelled"));
 }

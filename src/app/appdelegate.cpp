@@ -1,12 +1,12 @@
 #include "appdelegate.h"
 
+#include "applog.h"
 #include "navigationcontroller.h"
 #include "storyboard.h"
 #include "userdefaults.h"
 
 #include <QUrlQuery>
 
-#include <cstdio>
 
 AppDelegate::AppDelegate(NavigationController *navigation, const Storyboard *storyboard, QObject *parent)
     : QObject(parent)
@@ -21,8 +21,7 @@ void AppDelegate::didFinishLaunching()
     auto &defaults = UserDefaults::standard();
     defaults.setBoolean(DefaultsKey::isCachingImages, false);
     defaults.setBoolean(DefaultsKey::isCachingAdv, false);
-    std::printf("remove ShapeCrop library from memory\n");
-    std::fflush(stdout);
+    AppLog::print(QStringLiteral("remove ShapeCrop library from memory"));
     if (m_navigation && m_storyboard) {
         if (ViewController *launch = m_storyboard->instantiate(QStringLiteral("AnimatedLaunchScreen")))
             m_navigation->setRoot(launch);
@@ -53,16 +52,15 @@ std::optional<QString> AppDelegate::searchQuery(const QUrl &url)
 
 bool AppDelegate::openUrl(const QUrl &url, const QString &sourceApplication)
 {
-    std::printf("source application = %s\n", qPrintable(sourceApplication));
+    AppLog::print(QStringLiteral("source application = ") + sourceApplication);
     if (!url.isValid() || !url.hasQuery() || QUrlQuery(url).isEmpty()) {
-        std::printf("Invalid URL or album path missing\n");
+        AppLog::print(QStringLiteral("Invalid URL or album path missing"));
         return false;
     }
     const std::optional<QString> search = searchQuery(url);
     if (!search)
         return false;
-    std::printf("search query = %s\n", qPrintable(*search));
-    std::fflush(stdout);
+    AppLog::print(QStringLiteral("search query = ") + *search);
     if (m_navigation && m_storyboard) {
         if (ViewController *vc = m_storyboard->instantiate(QStringLiteral("SearchCatalogVC"))) {
             vc->setProperty("searchTxt", *search);
@@ -78,7 +76,6 @@ void AppDelegate::reachabilityChanged(bool reachable)
     if (reachable) {
         Q_EMIT networkResumed();
     } else {
-        std::printf("Network not reachable\n");
-        std::fflush(stdout);
+        AppLog::print(QStringLiteral("Network not reachable"));
     }
 }

@@ -1,12 +1,12 @@
 #include "apphelpers.h"
 
+#include "applog.h"
 #include "alertmodel.h"
 #include "mapper.h"
 
 #include <QDateTime>
 #include <QFile>
 
-#include <cstdio>
 
 namespace AppHelpers {
 
@@ -17,12 +17,12 @@ nlohmann::ordered_json readDataFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        std::printf("no file\n");
+        AppLog::print(QStringLiteral("no file"));
         return nlohmann::ordered_json::object();
     }
     const nlohmann::ordered_json json = Mapper::parse(QString::fromUtf8(file.readAll()));
     if (json.is_discarded() || !json.is_object()) {
-        std::printf("JSON is invalid\n");
+        AppLog::print(QStringLiteral("JSON is invalid"));
         return nlohmann::ordered_json::object();
     }
     return json;

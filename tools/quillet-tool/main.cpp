@@ -1,6 +1,7 @@
 // quillet-tool: the editor engine and its services without a screen, for scripts and checks.
 #include "toolcommand.h"
 
+#include "applog.h"
 #include "apppaths.h"
 
 #include <QGuiApplication>
@@ -46,6 +47,8 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
+    // Standard output carries the command's result; the application's log lines go beside it.
+    AppLog::setOutput(stderr);
     QGuiApplication::setApplicationName(QStringLiteral("Quillet"));
     QStringList args = QGuiApplication::arguments().mid(1);
     if (args.isEmpty())

@@ -1,0 +1,6 @@
+#include "editimageportraitmode.h"
+
+EditImagePortraitMode::EditImagePortraitMode(QObject *parent)
+    : EditorSession("EditImagePortraitMode", parent)
+{
+}

@@ -1,0 +1,197 @@
+#pragma once
+
+#include "json.h"
+#include "resizableimageviewdelegate.h"
+#include "resizableviewdelegate.h"
+#include "slotdelegate.h"
+#include "viewcontroller.h"
+
+#include <QImage>
+#include <QPointer>
+#include <QRectF>
+
+#include <nlohmann/json.hpp>
+
+#include <memory>
+#include <optional>
+
+class BackgroundImageView;
+class BorderedResizableImageView;
+class ImageView;
+class ResizableImageView;
+class ResizableView;
+class StaticResizableImageView;
+class View;
+
+/**
+ * One design open in an editor: the canvas of layer views and the live document `masterJson` they
+ * write into. It fits the design into the available area, turns the document's records into layers in
+ * a fixed order, and keeps the two in step. It needs no screen: the five editors are thin subclasses
+ * that add their own bars, and quillet-tool drives it headless.
+ */
+class EditorSession : public ViewController,
+                      public ResizableImageViewDelegate,
+                      public ResizableViewDelegate,
+                      public SlotDelegate<ImageStickerJson>,
+                      public SlotDelegate<FrameImageStickerJson>
+{
+    Q_OBJECT
+    /** The fitted canvas in the coordinates of the work area. */
+    Q_PROPERTY(QRectF canvasFrame READ canvasFrame NOTIFY canvasChanged)
+    Q_PROPERTY(bool isChanges READ hasChanges NOTIFY changesChanged)
+    /** The work area and the canvas in it, for the canvas item. */
+    Q_PROPERTY(QObject *contentView READ contentView CONSTANT)
+    /** The sticker and text layers, back to front, for their gesture items. */
+    Q_PROPERTY(QList<QObject *> layerViews READ layerViews NOTIFY layersChanged)
+    /** Why the design could not be opened; empty when it was. */
+    Q_PROPERTY(QString errorString READ errorString NOTIFY loadFailed)
+public:
+    /** `className` names the editor in its log lines. */
+    explicit EditorSession(const char *className, QObject *parent = nullptr);
+    ~EditorSession() override;
+
+    // Set by the opener before the screen loads.
+    std::shared_ptr<Json> contentJson; // a template to load
+    std::shared_ptr<Json> reEditJson; // a stored design to load
+    QString objectId; // the design's row in the store; empty until the first store write
+    bool isCreateOwn = false;
+    QImage croppedImage; // a bare picture to edit when neither document is set
+
+    // The session.
+    std::shared_ptr<Json> masterJson;
+    bool is_pip = false;
+    bool isChanges = false;
+    bool issavePressed = false;
+    qreal canvasSpace = 15.0;
+    std::optional<QRectF> mainViewFrame;
+    std::optional<QPointF> mainViewCenter;
+    std::optional<QRectF> imageViewFrame;
+    qint64 textJsonIndex = 1;
+    qint64 stickerJsonIndex = 1;
+    qint64 imageStickerJsonIndex = 1;
+    qint64 frameImageStickerJsonIndex = 1;
+    int imageLimit = 0;
+    QPointer<ResizableView> selectedView;
+    QPointer<ResizableImageView> selectedIconImgView;
+    QPointer<StaticResizableImageView> selectedImageView;
+    QPointer<BorderedResizableImageView> selectedBorderedImageView;
+    QImage croppedOriginalImage;
+    QImage editedImage;
+    QImage defaultBgImage;
+    std::optional<QColor> defaultBgColor;
+    QStringList bgGradientArray;
+    QImage bgPatternImage;
+    /** The undo history: whole documents as dictionaries, oldest first. */
+    QList<nlohmann::ordered_json> undoArray;
+
+    /** The main screen's scale: template values are divided by it before they are fitted. */
+    qreal screenScale = 1.0;
+
+    // The canvas: viewContent is the work area; in it, back to front, mainView (the checker pattern
+    // behind a transparent design) and viewMain (the design itself).
+    View *const viewContent;
+    ImageView *const mainView;
+    View *const viewMain;
+    BackgroundImageView *const backgroundImageView;
+    ImageView *const fgImageView;
+    View *const gridView;
+
+    /** The area that the canvas may fill (the work area less `canvasSpace` on every side). */
+    void setCanvasArea(const QRectF &area);
+    [[nodiscard]] QRectF canvasFrame() const;
+    [[nodiscard]] QObject *contentView() const;
+    [[nodiscard]] QList<QObject *> layerViews() const;
+    /**
+     * The screen reports the size of its work area; the first report opens the design, since the canvas
+     * is fitted to it. Later reports change nothing: layers keep their canvas points.
+     */
+    Q_INVOKABLE void setWorkAreaSize(qreal width, qreal height);
+    [[nodiscard]] bool hasChanges() const { return isChanges; }
+    [[nodiscard]] QString errorString() const { return m_errorString; }
+
+    /** Opens whichever of contentJson, reEditJson or croppedImage the opener set, once the area is known. */
+    void viewDidLoad() override;
+
+    /** Opens a template: template units and degrees become canvas points and radians. False if refused. */
+    bool loadTemplate(const std::shared_ptr<Json> &document);
+    /** Opens a stored design, whose records already hold canvas points and radians. False if refused. */
+    bool loadReEdit(const std::shared_ptr<Json> &document);
+
+    /** Sizes viewMain to the design's shape inside the area and centres it there. */
+    void fitCanvas(std::optional<double> width, std::optional<double> height);
+    /** A template rectangle in canvas points; absent fields count as 0. */
+    [[nodiscard]] QRectF convertRect(std::optional<double> x, std::optional<double> y, std::optional<double> width,
+                                     std::optional<double> height) const;
+    /** A template height (also a font size) in canvas points. */
+    [[nodiscard]] qreal convertHeight(std::optional<double> height) const;
+
+    void applyBackground(const std::shared_ptr<BackgroundJson> &record);
+    Q_INVOKABLE void deselectAll(bool changeBar = true);
+
+    StaticResizableImageView *addImageSticker(const QRectF &frame, const std::shared_ptr<ImageStickerJson> &record,
+                                              bool isLoading);
+    BorderedResizableImageView *addFrameImageSticker(const QRectF &frame,
+                                                     const std::shared_ptr<FrameImageStickerJson> &record,
+                                                     bool isLoading);
+    ResizableImageView *addSticker(const QRectF &frame, const std::shared_ptr<StickerJson> &record, bool isLoading);
+    ResizableView *addText(const QRectF &frame, const std::shared_ptr<TextJson> &record, bool isLoading);
+
+    /** The document as the undo history and the store see it. */
+    [[nodiscard]] nlohmann::ordered_json documentDictionary() const;
+
+    /** Back or close: asks "Are you sure?" first. */
+    Q_INVOKABLE void requestLeave();
+
+    // Layer delegates.
+    void stickerDidSelect(ResizableImageView *view) override;
+    void stickerDidDeselect(ResizableImageView *view) override;
+    void stickerWillClose(ResizableImageView *view) override;
+    void stickerDidClose(ResizableImageView *view) override;
+    void stickerDidUpdate(std::shared_ptr<StickerJson> json) override;
+    void stickerDidAttach(std::shared_ptr<StickerJson> json) override;
+    void stickerDidDrag(ResizableImageView *view) override;
+    void stickerDidEndDrag(ResizableImageView *view) override;
+    void textDidSelect(ResizableView *view) override;
+    void textDidDeselect(ResizableView *view) override;
+    void textWillClose(ResizableView *view) override;
+    void textDidUpdate(std::shared_ptr<TextJson> json) override;
+    void textDidAttach(std::shared_ptr<TextJson> json) override;
+    void textDidDrag(ResizableView *view) override;
+    void textDidEndDrag(ResizableView *view) override;
+    void slotDidSelect(View *slot) override;
+    void slotDidDeselect(View *slot) override;
+    void slotWillClose(View *slot) override;
+    void slotDidUpdate(const std::shared_ptr<ImageStickerJson> &record) override;
+    void slotDidUpdate(const std::shared_ptr<FrameImageStickerJson> &record) override;
+    void slotDidClose(View *slot) override;
+    void slotDidAttach(const std::shared_ptr<ImageStickerJson> &record) override;
+    void slotDidAttach(const std::shared_ptr<FrameImageStickerJson> &record) override;
+
+Q_SIGNALS:
+    void canvasChanged();
+    void changesChanged();
+    void loadFailed();
+    /** The layer stacking or a selection changed; the canvas redraws and the bars refresh. */
+    void layersChanged();
+
+protected:
+    /** Pops the screen after the leaving confirmation; an editor with edits saves first. */
+    virtual void leave();
+
+private:
+    bool refuseNullFlags(const Json &document);
+    void loadSlots(bool reEdit);
+    void loadFrame(bool reEdit);
+    void loadStickers(bool reEdit);
+    void loadTexts(bool reEdit);
+    void usePictureAsBackground(const QImage &picture);
+    void startUndoHistory();
+    [[nodiscard]] QString resolveName(const QString &name) const;
+    [[nodiscard]] QImage pictureFor(const QString &value) const;
+    void fail(const QString &message);
+
+    void openDocument();
+    const QString m_className;
+    QString m_errorString;
+    bool m_openPending = false;
+};

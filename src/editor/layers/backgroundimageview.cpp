@@ -1,0 +1,46 @@
+#include "backgroundimageview.h"
+
+#include <QLinearGradient>
+
+BackgroundImageView::BackgroundImageView(const QRectF &frame, QObject *parent)
+    : ImageView(frame, parent)
+{
+}
+
+void BackgroundImageView::setPatternColor(const QImage &tile)
+{
+    m_pattern = tile;
+    m_gradient.clear();
+    notifyChanged();
+}
+
+void BackgroundImageView::setGradient(const QList<QColor> &colors)
+{
+    m_gradient = colors;
+    m_gradientRect = bounds();
+    m_pattern = QImage();
+    notifyChanged();
+}
+
+void BackgroundImageView::clearBackground()
+{
+    m_pattern = QImage();
+    m_gradient.clear();
+    setImage(QImage());
+    setBackgroundColor(Qt::transparent);
+}
+
+void BackgroundImageView::paintContent(QPainter &painter) const
+{
+    if (!m_pattern.isNull()) {
+        painter.fillRect(bounds(), QBrush(m_pattern));
+    } else if (!m_gradient.isEmpty()) {
+        QLinearGradient gradient(m_gradientRect.topLeft(), m_gradientRect.bottomLeft());
+        const qsizetype steps = m_gradient.size();
+        for (qsizetype i = 0; i < steps; ++i)
+            gradient.setColorAt(steps == 1 ? 0.0 : qreal(i) / qreal(steps - 1), m_gradient.at(i));
+        // The gradient belongs to the bounds it was made for; beyond them it repeats its edge colours.
+        painter.fillRect(bounds(), gradient);
+    }
+    ImageView::paintContent(painter);
+}

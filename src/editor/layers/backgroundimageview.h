@@ -1,0 +1,36 @@
+#pragma once
+
+#include "imageview.h"
+
+#include <QStringList>
+
+#include <memory>
+
+struct BackgroundJson;
+
+/**
+ * The canvas background under all layers: a picture, a plain colour, a top-to-bottom gradient or a
+ * pattern tile. A picture lies over the colour; a pattern replaces the colour or gradient it stands with.
+ */
+class BackgroundImageView : public ImageView
+{
+    Q_OBJECT
+public:
+    explicit BackgroundImageView(const QRectF &frame = {}, QObject *parent = nullptr);
+
+    std::shared_ptr<BackgroundJson> backgroundJson;
+
+    [[nodiscard]] QImage patternColor() const { return m_pattern; }
+    void setPatternColor(const QImage &tile);
+    /** The gradient colours, drawn top to bottom over the bounds of the moment they were set. */
+    void setGradient(const QList<QColor> &colors);
+    /** Back to clear: no picture, colour, gradient or pattern. */
+    void clearBackground();
+
+    void paintContent(QPainter &painter) const override;
+
+private:
+    QImage m_pattern;
+    QList<QColor> m_gradient;
+    QRectF m_gradientRect;
+};

@@ -1,0 +1,80 @@
+#include "borderedresizableimageview.h"
+
+BorderedResizableImageView::BorderedResizableImageView(const QRectF &frame, QObject *parent)
+    : View(frame, parent)
+{
+    const qreal w = frame.width();
+    const qreal h = frame.height();
+    mainView = new View(QRectF(contentInset, contentInset, w - buttonSize, h - buttonSize));
+    mainView->setAutoresizingMask(FlexibleAll);
+    mainView->setClipsToBounds(true);
+    addSubview(mainView);
+    contentImageView = new ImageView(QRectF(QPointF(0, 0), mainView->bounds().size()));
+    contentImageView->setContentMode(ImageView::ContentMode::ScaleAspectFit);
+    mainView->addSubview(contentImageView);
+    buildEmptySlot();
+}
+
+void BorderedResizableImageView::buildEmptySlot()
+{
+    const QSizeF size = mainView->bounds().size();
+    m_emptySlot = new View(QRectF(1, 1, size.width() - 2, size.height() - 2));
+    m_emptySlot->setBackgroundColor(QColor(0xE9, 0xEA, 0xEB));
+    m_emptySlot->setAutoresizingMask(FlexibleAll);
+    mainView->addSubview(m_emptySlot);
+}
+
+void BorderedResizableImageView::setPicture(const QImage &image)
+{
+    contentImageView->setImage(image);
+    if (image.isNull() && !m_emptySlot) {
+        buildEmptySlot();
+    } else if (!image.isNull() && m_emptySlot) {
+        delete m_emptySlot;
+        m_emptySlot = nullptr;
+    }
+    notifyChanged();
+}
+
+void BorderedResizableImageView::tapGesture()
+{
+    if (isNotImage())
+        return;
+    if (!isActive) {
+        if (delegate)
+            delegate->slotDidSelect(this);
+        isActive = true;
+    } else {
+        isActive = false;
+    }
+}
+
+void BorderedResizableImageView::applyAngle(qreal radians)
+{
+    QTransform turn;
+    turn.rotateRadians(radians);
+    setTransform(turn);
+    zAngle = radians;
+}
+
+QRectF BorderedResizableImageView::unrotatedFrame() const
+{
+    const QSizeF size = bounds().size();
+    return {center().x() - size.width() / 2, center().y() - size.height() / 2, size.width(), size.height()};
+}
+
+void BorderedResizableImageView::setTag(qint64 tag)
+{
+    View::setTag(tag);
+    if (!frameImageStickerJson)
+        frameImageStickerJson = std::make_shared<FrameImageStickerJson>();
+    const QRectF r = unrotatedFrame();
+    frameImageStickerJson->xPos = r.x();
+    frameImageStickerJson->yPos = r.y();
+    frameImageStickerJson->height = r.height() - buttonSize;
+    frameImageStickerJson->width = r.width() - buttonSize;
+    if (frameImageStickerJson->index.value_or(0) == 0)
+        frameImageStickerJson->index = tag;
+    if (delegate)
+        delegate->slotDidAttach(frameImageStickerJson);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "frameimagestickerjson.h"
+#include "imageview.h"
+#include "slotdelegate.h"
+
+#include <memory>
+
+/**
+ * An outlined picture slot: a frame whose picture lies behind a mask, with its own geometry for the
+ * picture inside. Empty, it shows a plus on grey and is left out of the exported picture.
+ */
+class BorderedResizableImageView : public View
+{
+    Q_OBJECT
+public:
+    static constexpr qreal buttonSize = 26.0;
+    static constexpr qreal contentInset = 15.0;
+
+    explicit BorderedResizableImageView(const QRectF &frame, QObject *parent = nullptr);
+
+    SlotDelegate<FrameImageStickerJson> *delegate = nullptr;
+    std::shared_ptr<FrameImageStickerJson> frameImageStickerJson;
+    qreal zAngle = 0;
+    qreal zAngleImage = 0;
+    bool is_round = false;
+    bool isActive = false;
+
+    View *mainView;
+    ImageView *contentImageView;
+
+    /** True while the slot holds no picture. */
+    [[nodiscard]] bool isNotImage() const { return m_emptySlot != nullptr; }
+    /** Puts a picture in the slot, or empties it with a null picture. */
+    void setPicture(const QImage &image);
+    void tapGesture();
+    void applyAngle(qreal radians);
+    /** The frame as if it were not turned: the bounds size about the centre. */
+    [[nodiscard]] QRectF unrotatedFrame() const;
+    void setTag(qint64 tag) override;
+
+private:
+    void buildEmptySlot();
+    View *m_emptySlot = nullptr;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+
+class View;
+
+/**
+ * What a picture slot tells the editor, in the order of its table: select, deselect, will close,
+ * update (after each commit, with the record), did close, attached (at setTag:).
+ */
+template<class Record>
+class SlotDelegate
+{
+public:
+    virtual ~SlotDelegate() = default;
+    virtual void slotDidSelect(View *slot) = 0;
+    virtual void slotDidDeselect(View *slot) = 0;
+    virtual void slotWillClose(View *slot) = 0;
+    virtual void slotDidUpdate(const std::shared_ptr<Record> &record) = 0;
+    virtual void slotDidClose(View *slot) = 0;
+    virtual void slotDidAttach(const std::shared_ptr<Record> &record) = 0;
+};

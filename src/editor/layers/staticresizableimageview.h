@@ -1,0 +1,43 @@
+#pragma once
+
+#include "imagestickerjson.h"
+#include "imageview.h"
+#include "slotdelegate.h"
+
+#include <memory>
+
+/**
+ * A picture slot: a fixed hole in the design whose picture moves, scales and turns inside it, clipped
+ * by it. The record keeps the slot's frame origin as it is.
+ */
+class StaticResizableImageView : public View
+{
+    Q_OBJECT
+public:
+    static constexpr qreal buttonSize = 30.0;
+    static constexpr qreal editButtonSize = 40.0;
+    static constexpr qreal contentInset = 15.0;
+
+    explicit StaticResizableImageView(const QRectF &frame, QObject *parent = nullptr);
+
+    SlotDelegate<ImageStickerJson> *delegate = nullptr;
+    std::shared_ptr<ImageStickerJson> imageStickerJson;
+    qreal zAngle = 0;
+    qreal zScale = 1;
+    bool is_round = false;
+
+    View *borderView;
+    View *mainView;
+    ImageView *contentImageView;
+    View *editView;
+
+    [[nodiscard]] bool isSelected() const { return !borderView->isHidden(); }
+    void tapGesture();
+    void hideControls();
+    /** Turns the slot as loaded (radians) and remembers the angle. */
+    void applyAngle(qreal radians);
+    /** Clips the picture to a circle of half the picture's height. */
+    void setRound(bool round);
+    /** Rewrites the record from the live slot and tells the editor it is attached. */
+    void setTag(qint64 tag) override;
+};

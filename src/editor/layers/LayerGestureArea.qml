@@ -102,12 +102,16 @@ Item {
     }
 
     component Handle: Item {
-        width: LayerView.buttonSize * root.canvasScale
-        height: width
-        visible: root.layer.selected
+        required property real side
+        required property bool shown
+        width: side
+        height: side
+        visible: shown
     }
 
     Handle {
+        side: root.layer.handleSize * root.canvasScale
+        shown: root.layer.selected
         objectName: "cancelHandle"
         x: 0
         y: 0
@@ -116,6 +120,8 @@ Item {
         }
     }
     Handle {
+        side: root.layer.handleSize * root.canvasScale
+        shown: root.layer.selected
         objectName: "rotateHandle"
         x: 0
         y: root.height - height
@@ -131,6 +137,8 @@ Item {
         }
     }
     Handle {
+        side: root.layer.handleSize * root.canvasScale
+        shown: root.layer.selected
         objectName: "resizeHandle"
         x: root.width - width
         y: root.height - height

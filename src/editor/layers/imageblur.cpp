@@ -14,26 +14,26 @@ void boxPass(QImage &image, int radius, bool horizontal)
 {
     const int length = horizontal ? image.width() : image.height();
     const int lines = horizontal ? image.height() : image.width();
+    const qsizetype stride = image.bytesPerLine() / 4;
+    const qsizetype step = horizontal ? 1 : stride;
     const int window = 2 * radius + 1;
+    auto *bits = reinterpret_cast<QRgb *>(image.bits());
     QList<QRgb> source(length);
     for (int line = 0; line < lines; ++line) {
-        auto pixel = [&](int i) -> QRgb & {
-            return horizontal ? reinterpret_cast<QRgb *>(image.scanLine(line))[i]
-                              : reinterpret_cast<QRgb *>(image.scanLine(i))[line];
-        };
+        QRgb *first = bits + (horizontal ? line * stride : line);
         for (int i = 0; i < length; ++i)
-            source[i] = pixel(i);
-        int sum[4] = { 0, 0, 0, 0 };
+            source[i] = first[i * step];
+        int a = 0, r = 0, g = 0, b = 0;
         auto add = [&](QRgb p, int sign) {
-            sum[0] += sign * qAlpha(p);
-            sum[1] += sign * qRed(p);
-            sum[2] += sign * qGreen(p);
-            sum[3] += sign * qBlue(p);
+            a += sign * int(qAlpha(p));
+            r += sign * int(qRed(p));
+            g += sign * int(qGreen(p));
+            b += sign * int(qBlue(p));
         };
         for (int i = -radius; i <= radius; ++i)
             add(source[std::clamp(i, 0, length - 1)], 1);
         for (int i = 0; i < length; ++i) {
-            pixel(i) = qRgba(sum[1] / window, sum[2] / window, sum[3] / window, sum[0] / window);
+            first[i * step] = qRgba(r / window, g / window, b / window, a / window);
             add(source[std::min(i + radius + 1, length - 1)], 1);
             add(source[std::max(i - radius, 0)], -1);
         }

@@ -30,6 +30,8 @@ class LayerView : public View
     Q_PROPERTY(bool snapped READ isSnapped NOTIFY changed)
     /** The picture or text area inside the layer, in the layer's coordinates. */
     Q_PROPERTY(QRectF contentRect READ contentRect NOTIFY changed)
+    /** The side of a corner handle. */
+    Q_PROPERTY(qreal handleSize READ handleSize CONSTANT)
 public:
     enum GesturePhase : int { Began = 1, Changed = 2, Ended = 3 };
     Q_ENUM(GesturePhase)
@@ -62,6 +64,7 @@ public:
     [[nodiscard]] QSizeF layerSize() const { return bounds().size(); }
     [[nodiscard]] qreal rotationDegrees() const;
     [[nodiscard]] QRectF contentRect() const { return mainView->frame(); }
+    [[nodiscard]] static qreal handleSize() { return buttonSize; }
 
     /** Selects: tells the delegate, then shows the background, border and handles. */
     Q_INVOKABLE void showControls();

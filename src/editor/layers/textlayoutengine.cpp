@@ -94,7 +94,10 @@ void drawShadow(
     QPainter &painter, const QTextLayout &layout, const TextShadow &shadow, const QRectF &rect, const QPen &pen)
 {
     const QTransform world = painter.combinedTransform();
-    const qreal scale = std::max(std::hypot(world.m11(), world.m12()), 0.01);
+    const qreal deviceScale = std::max(std::hypot(world.m11(), world.m12()), 0.01);
+    // A wide blur loses nothing at a lower resolution: draw it small enough that sigma is ~2 pixels.
+    const qreal sigma = shadow.blurRadius / 2 * deviceScale;
+    const qreal scale = deviceScale / std::max(1.0, sigma / 2);
     const qreal pad = shadow.blurRadius * 2 + 2;
     const QSizeF padded = rect.size() + QSizeF(2 * pad, 2 * pad);
     QImage image(QSize(int(std::ceil(padded.width() * scale)), int(std::ceil(padded.height() * scale))),
@@ -113,6 +116,7 @@ void drawShadow(
         p.fillRect(QRectF(QPointF(0, 0), padded), shadow.color);
     }
     ImageBlur::gaussian(image, shadow.blurRadius / 2 * scale);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const QPointF topLeft = rect.topLeft() - QPointF(pad, pad) + QPointF(shadow.offset.width(), shadow.offset.height());
     painter.drawImage(QRectF(topLeft, padded), image);
 }

@@ -1,0 +1,72 @@
+#include "quillettool.h"
+#include "testhome.h"
+
+#include <QFile>
+
+#include <nlohmann/json.hpp>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QString writeFile(const TestHome &home, const QString &name, const QByteArray &content)
+{
+    QFile file(home.filePath(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    return file.fileName();
+}
+
+QString run(const QStringList &args)
+{
+    const ToolRun result = runQuilletTool(args);
+    EXPECT_EQ(result.exitCode, 0) << qPrintable(args.join(u' ')) << qPrintable(result.err);
+    return result.out.trimmed();
+}
+
+} // namespace
+
+TEST(StoreTool, SavesListsAndDeletesDesigns)
+{
+    TestHome home;
+    const QString current = writeFile(home, QStringLiteral("a.json"), R"({"sample_image": "a.png", "is_Video": true})");
+    const QString old = writeFile(home, QStringLiteral("b.json"), R"({"image": "b.png"})");
+    const QString first = run({ QStringLiteral("store"), QStringLiteral("save"), current, QStringLiteral("--video") });
+    const QString second = run({ QStringLiteral("store"), QStringLiteral("save"), old });
+    EXPECT_EQ(first, QStringLiteral("x-quillet://QuilletStore/SavePhoto/p1"));
+    EXPECT_EQ(run({ QStringLiteral("store"), QStringLiteral("save"), current, QStringLiteral("--id"), first,
+                  QStringLiteral("--video") }),
+        first);
+
+    const auto list = nlohmann::json::parse(run({ QStringLiteral("store"), QStringLiteral("list") }).toStdString());
+    ASSERT_EQ(list.size(), 2);
+    // The re-saved design is the newest.
+    EXPECT_EQ(list[0]["id"], first.toStdString());
+    EXPECT_EQ(list[0]["is_video"], true);
+    EXPECT_EQ(list[0]["document"]["sample_image"], "a.png");
+    EXPECT_EQ(list[1]["id"], second.toStdString());
+    EXPECT_EQ(list[1]["document"]["sample_image"], "b.png");
+    EXPECT_TRUE(list[1]["updated_at"].is_string());
+
+    EXPECT_EQ(run({ QStringLiteral("store"), QStringLiteral("delete"), second }), QStringLiteral("true"));
+    EXPECT_EQ(run({ QStringLiteral("store"), QStringLiteral("delete"), second }), QStringLiteral("false"));
+    EXPECT_EQ(run({ QStringLiteral("store"), QStringLiteral("delete"), QStringLiteral("nonsense") }),
+        QStringLiteral("false"));
+    EXPECT_EQ(nlohmann::json::parse(run({ QStringLiteral("store"), QStringLiteral("list") }).toStdString()).size(), 1);
+}
+
+TEST(StoreTool, RefusesBadArguments)
+{
+    TestHome home;
+    for (const QStringList &args :
+        { QStringList { QStringLiteral("store"), QStringLiteral("save") },
+            QStringList { QStringLiteral("store"), QStringLiteral("save"), home.filePath(QStringLiteral("none.json")) },
+            QStringList { QStringLiteral("store"), QStringLiteral("save"), QStringLiteral("x"), QStringLiteral("--id"),
+                QStringLiteral("p1") },
+            QStringList { QStringLiteral("store"), QStringLiteral("delete") },
+            QStringList { QStringLiteral("store") } }) {
+        const ToolRun result = runQuilletTool(args);
+        EXPECT_EQ(result.exitCode, 1) << qPrintable(args.join(u' '));
+        EXPECT_TRUE(result.out.isEmpty());
+    }
+}

@@ -1,0 +1,96 @@
+// quillet-tool store: the saved designs store under QUILLET_HOME. Results go to stdout, the store's
+// trace to stderr.
+#include "toolcommand.h"
+
+#include "designstore.h"
+#include "mapper.h"
+
+#include <QFile>
+
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+const QString usageText = QStringLiteral("usage: store save FILE [--id ID] [--video] | store list | store delete ID");
+
+void printLine(const QString &text)
+{
+    std::fprintf(stdout, "%s\n", text.toUtf8().constData());
+}
+
+// store save FILE [--id ID] [--video]: the file's text as a design's JSON; prints the row's id.
+int save(const QStringList &args)
+{
+    std::optional<QString> path;
+    std::optional<ObjectId> id;
+    bool isVideo = false;
+    for (qsizetype i = 0; i < args.size(); ++i) {
+        if (args[i] == QLatin1String("--video")) {
+            isVideo = true;
+        } else if (args[i] == QLatin1String("--id") && i + 1 < args.size()) {
+            id = ObjectId::fromString(args[++i]);
+            if (!id)
+                return toolFail(QStringLiteral("not an object id: %1").arg(args[i]));
+        } else if (!path) {
+            path = args[i];
+        } else {
+            return toolFail(usageText);
+        }
+    }
+    if (!path)
+        return toolFail(usageText);
+    QFile file(*path);
+    if (!file.open(QIODevice::ReadOnly))
+        return toolFail(QStringLiteral("cannot read %1: %2").arg(*path, file.errorString()));
+    DesignStore store(DesignStore::defaultPath(), stderr);
+    const std::optional<ObjectId> saved = store.saveDesign(QString::fromUtf8(file.readAll()), id, isVideo);
+    if (!saved)
+        return toolFail(QStringLiteral("the design was not saved"));
+    printLine(saved->toString());
+    return 0;
+}
+
+// store list: every design as the list screens read it, newest first.
+int list(const QStringList &args)
+{
+    if (!args.isEmpty())
+        return toolFail(usageText);
+    DesignStore store(DesignStore::defaultPath(), stderr);
+    auto designs = nlohmann::ordered_json::array();
+    for (const SavedDesign &design : store.savedDesigns()) {
+        designs.push_back({ { "id", design.row.objectID.toString().toStdString() },
+            { "updated_at", design.row.updated_at.toStdString() }, { "is_video", design.row.is_video },
+            { "document", Mapper::toJSON(*design.document) } });
+    }
+    printLine(Mapper::print(designs, true));
+    return 0;
+}
+
+// store delete ID: prints whether a row was found.
+int remove(const QStringList &args)
+{
+    if (args.size() != 1)
+        return toolFail(usageText);
+    DesignStore store(DesignStore::defaultPath(), stderr);
+    printLine(
+        store.deleteDesign(ObjectId::fromString(args.first())) ? QStringLiteral("true") : QStringLiteral("false"));
+    return 0;
+}
+
+const std::pair<const char *, ToolCommand::Runner> subcommands[] = {
+    { "save", save },
+    { "list", list },
+    { "delete", remove },
+};
+
+const ToolCommand command(
+    "store", "store save FILE [--id ID] [--video] | store list | store delete ID", [](const QStringList &args) {
+        for (const auto &[word, run] : subcommands) {
+            if (!args.isEmpty() && args.first() == QLatin1String(word))
+                return run(args.mid(1));
+        }
+        return toolFail(usageText);
+    });
+
+} // namespace

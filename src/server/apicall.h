@@ -22,7 +22,7 @@ using ApiCompletion = std::function<void(
 struct ApiCall
 {
     QString endpoint; ///< appended to the server address
-    QJsonObject body; ///< the request record as JSON
+    nlohmann::ordered_json body; ///< the request record as JSON, keys in mapped order
     QString requestLog; ///< printed before the body; empty: the request is not logged
     QString responseLog; ///< printed before the raw answer; empty: the answer is not logged
     /** The endpoint's record read from the envelope's `data` and written back to JSON; nothing when `data` is absent.

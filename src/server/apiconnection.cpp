@@ -39,11 +39,6 @@ struct Envelope
     }
 };
 
-QString compact(const QJsonObject &object)
-{
-    return Mapper::print(Mapper::fromQJsonObject(object), false);
-}
-
 } // namespace
 
 /** One answer: the envelope, or why there is none. */
@@ -123,7 +118,7 @@ void ApiConnection::run(const std::shared_ptr<Pending> &pending)
     }
     const ApiCall &outgoing = pending->call;
     if (!outgoing.requestLog.isEmpty())
-        ServerLog::print(outgoing.requestLog + compact(outgoing.body));
+        ServerLog::print(outgoing.requestLog + Mapper::print(outgoing.body, false));
     QNetworkRequest request(QUrl(endpointUrl(outgoing.endpoint)));
     request.setTransferTimeout(requestTimeoutMs);
     for (auto it = headers.cbegin(); it != headers.cend(); ++it)
@@ -175,23 +170,24 @@ void ApiConnection::signIn(bool acceptRelated, std::function<void(const Answer &
     const QString url = endpointUrl(signInEndpoint);
     QNetworkRequest request { QUrl(url) };
     request.setTransferTimeout(QNetworkRequest::DefaultTransferTimeoutConstant);
-    post(request, QJsonObject(), [this, url, acceptRelated, then = std::move(then)](const Answer &answer) {
-        ServerLog::print(url + QStringLiteral(" response: ") + answer.raw);
-        const std::optional<qint64> code = answer.envelope.code;
-        const bool signedIn = !answer.error && (code == 200 || (acceptRelated && code == 427));
-        if (signedIn) {
-            const auto &login = answer.envelope.loginResponse;
-            storeToken(login ? login->token : std::nullopt);
-        }
-        then(answer, signedIn);
-    });
+    post(request, nlohmann::ordered_json::object(),
+        [this, url, acceptRelated, then = std::move(then)](const Answer &answer) {
+            ServerLog::print(url + QStringLiteral(" response: ") + answer.raw);
+            const std::optional<qint64> code = answer.envelope.code;
+            const bool signedIn = !answer.error && (code == 200 || (acceptRelated && code == 427));
+            if (signedIn) {
+                const auto &login = answer.envelope.loginResponse;
+                storeToken(login ? login->token : std::nullopt);
+            }
+            then(answer, signedIn);
+        });
 }
 
 void ApiConnection::post(
-    QNetworkRequest request, const QJsonObject &body, std::function<void(const Answer &answer)> handler)
+    QNetworkRequest request, const nlohmann::ordered_json &body, std::function<void(const Answer &answer)> handler)
 {
     request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArrayLiteral("application/json"));
-    QNetworkReply *reply = m_network->post(request, Mapper::print(Mapper::fromQJsonObject(body), false).toUtf8());
+    QNetworkReply *reply = m_network->post(request, Mapper::print(body, false).toUtf8());
     connect(reply, &QNetworkReply::finished, this, [reply, handler = std::move(handler)] {
         reply->deleteLater();
         Answer answer;

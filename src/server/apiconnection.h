@@ -57,7 +57,8 @@ private:
     void run(const std::shared_ptr<Pending> &pending);
     void signInThenRun(const std::shared_ptr<Pending> &pending);
     void signIn(bool acceptRelated, std::function<void(const Answer &answer, bool signedIn)> then);
-    void post(QNetworkRequest request, const QJsonObject &body, std::function<void(const Answer &answer)> handler);
+    void post(
+        QNetworkRequest request, const nlohmann::ordered_json &body, std::function<void(const Answer &answer)> handler);
     void storeToken(const std::optional<QString> &token);
     static void fail(const Pending &pending, const ApiError &error);
     static void fallBack(const Pending &pending);

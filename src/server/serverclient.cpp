@@ -42,7 +42,7 @@ template<class Request> ApiCall makeCall(const QString &endpoint, const Request 
 {
     ApiCall call;
     call.endpoint = endpoint;
-    call.body = Mapper::toJSONObject(request);
+    call.body = Mapper::toJSON(request);
     if (logged) {
         call.requestLog = endpoint + QStringLiteral(" request: ");
         call.responseLog = endpoint + QStringLiteral(" reponse: ");

@@ -18,6 +18,8 @@ PACKAGES=(
   libgtest-dev libgmock-dev libbenchmark-dev
   clang-format clang-tidy
   xvfb xauth fonts-dejavu-core fonts-liberation2 fonts-noto-core
+  fonts-lobster fonts-dancingscript fonts-bebas-neue fonts-league-spartan fonts-comfortaa fonts-roboto-slab
+  fonts-lato fonts-open-sans fonts-quicksand fonts-cabin fonts-cantarell
 )
 
 missing=()

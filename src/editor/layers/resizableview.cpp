@@ -3,6 +3,7 @@
 #include "hexcolor.h"
 #include "picturefile.h"
 #include "picturesource.h"
+#include "selectionchrome.h"
 #include "textlayoutengine.h"
 
 #include <QVariantAnimation>
@@ -184,6 +185,8 @@ void ResizableView::flash()
     auto *overlay = new View(QRectF(QPointF(0, 0), bounds().size()));
     overlay->setBackgroundColor(HexColor::fromString(QStringLiteral("00D3FF")));
     overlay->setAlpha(0.2);
+    // A hint for the user, never part of the design.
+    SelectionChrome::mark(overlay);
     addSubview(overlay);
     auto *fade = new QVariantAnimation(overlay);
     fade->setDuration(850);

@@ -7,10 +7,12 @@ namespace {
 
 std::optional<Reachability::Connection> forced;
 
+// Loading scans the plugins: it is tried once per process.
 bool loadBackend()
 {
-    return QNetworkInformation::instance()
+    static const bool loaded = QNetworkInformation::instance()
         || QNetworkInformation::loadBackendByFeatures(QNetworkInformation::Feature::Reachability);
+    return loaded;
 }
 
 bool isLoopback(const QString &host)

@@ -4,16 +4,14 @@
 #include "navigationcontroller.h"
 #include "storyboard.h"
 
-
 AnimatedLaunchScreen::AnimatedLaunchScreen(QObject *parent)
     : ViewController(parent)
-{
-}
+{ }
 
 QStringList AnimatedLaunchScreen::columnPictures() const
 {
     QStringList names;
-    for (const char *theme : {"story", "quote", "sale", "travel"}) {
+    for (const char *theme : { "story", "quote", "sale", "travel" }) {
         for (int n = 1; n <= 4; ++n)
             names.append(QStringLiteral("%1_img_%2").arg(QLatin1String(theme)).arg(n));
     }

@@ -7,13 +7,11 @@
 
 #include <QUrlQuery>
 
-
 AppDelegate::AppDelegate(NavigationController *navigation, const Storyboard *storyboard, QObject *parent)
     : QObject(parent)
     , m_navigation(navigation)
     , m_storyboard(storyboard)
-{
-}
+{ }
 
 void AppDelegate::didFinishLaunching()
 {

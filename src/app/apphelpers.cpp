@@ -1,12 +1,11 @@
 #include "apphelpers.h"
 
-#include "applog.h"
 #include "alertmodel.h"
+#include "applog.h"
 #include "mapper.h"
 
 #include <QDateTime>
 #include <QFile>
-
 
 namespace AppHelpers {
 
@@ -28,8 +27,7 @@ nlohmann::ordered_json readDataFile(const QString &path)
     return json;
 }
 
-template<class Record>
-QList<std::shared_ptr<Record>> recordsUnder(const nlohmann::ordered_json &json, const char *key)
+template<class Record> QList<std::shared_ptr<Record>> recordsUnder(const nlohmann::ordered_json &json, const char *key)
 {
     QList<std::shared_ptr<Record>> records;
     const auto it = json.find(key);
@@ -44,9 +42,15 @@ QList<std::shared_ptr<Record>> recordsUnder(const nlohmann::ordered_json &json, 
 
 } // namespace
 
-QString timestampName() { return QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddHHmmss")); }
+QString timestampName()
+{
+    return QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddHHmmss"));
+}
 
-QString millisecondsName() { return QString::number(QDateTime::currentMSecsSinceEpoch()); }
+QString millisecondsName()
+{
+    return QString::number(QDateTime::currentMSecsSinceEpoch());
+}
 
 QString fontNameForWeight(const QString &weight)
 {
@@ -59,13 +63,16 @@ QString fontNameForWeight(const QString &weight)
     return QStringLiteral("Montserrat-Regular");
 }
 
-double toPoints(double value, double screenScale) { return value / screenScale; }
+double toPoints(double value, double screenScale)
+{
+    return value / screenScale;
+}
 
 AlertModel *previewUnavailableAlert(const QString &action)
 {
     auto *alert = new AlertModel(action + QStringLiteral(" Unavailable!"),
-                                 QStringLiteral("Design preview was not generated so you can't ") + action.toLower()
-                                     + QStringLiteral(" it.\nPlease save again to generate a new preview."));
+        QStringLiteral("Design preview was not generated so you can't ") + action.toLower()
+            + QStringLiteral(" it.\nPlease save again to generate a new preview."));
     alert->addAction(QStringLiteral("OK"));
     return alert;
 }

@@ -8,7 +8,8 @@ HomeVC::HomeVC(QObject *parent)
 
 QStringList HomeVC::tabTitles() const
 {
-    return {QStringLiteral("Images"), QStringLiteral("Videos"), QStringLiteral("Highlights"), QStringLiteral("My Story")};
+    return { QStringLiteral("Images"), QStringLiteral("Videos"), QStringLiteral("Highlights"),
+        QStringLiteral("My Story") };
 }
 
 void HomeVC::setSelectedTab(int tab)

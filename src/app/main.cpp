@@ -3,12 +3,15 @@
 #include "animatedlaunchscreen.h"
 #include "appdelegate.h"
 #include "apppaths.h"
+#include "editimageportraitmode.h"
 #include "homevc.h"
+#include "mapper.h"
 #include "navigationcontroller.h"
 #include "storyboard.h"
 
 #include <QCommandLineParser>
 #include <QDirIterator>
+#include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -19,12 +22,14 @@
 #include <QtQml/qqmlextensionplugin.h>
 
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 
 namespace {
 
 void registerShippedFonts()
 {
-    QDirIterator fonts(QStringLiteral(":/Quillet/App/fonts"), {QStringLiteral("*.woff"), QStringLiteral("*.ttf")});
+    QDirIterator fonts(QStringLiteral(":/Quillet/App/fonts"), { QStringLiteral("*.woff"), QStringLiteral("*.ttf") });
     while (fonts.hasNext())
         QFontDatabase::addApplicationFont(fonts.next());
 }
@@ -33,12 +38,34 @@ void registerScreens(Storyboard &storyboard)
 {
     const QString views = QStringLiteral("qrc:/Quillet/App/");
     storyboard.registerFactory(QStringLiteral("AnimatedLaunchScreen"),
-                               QUrl(views + QStringLiteral("AnimatedLaunchScreenView.qml")), [&storyboard] {
-                                   auto *screen = new AnimatedLaunchScreen();
-                                   screen->setStoryboard(&storyboard);
-                                   return screen;
-                               });
+        QUrl(views + QStringLiteral("AnimatedLaunchScreenView.qml")), [&storyboard] {
+            auto *screen = new AnimatedLaunchScreen();
+            screen->setStoryboard(&storyboard);
+            return screen;
+        });
     storyboard.registerScreen<HomeVC>(QStringLiteral("HomeVC"), QUrl(views + QStringLiteral("HomeVCView.qml")));
+    storyboard.registerScreen<EditImagePortraitMode>(
+        QStringLiteral("EditImagePortraitMode"), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
+}
+
+// --open FILE: the design in an editor over the home screen, without the launch animation.
+bool openDesign(const QString &path, const Storyboard &storyboard, NavigationController &navigation)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qCritical().noquote() << "cannot read" << path << ":" << file.errorString();
+        return false;
+    }
+    auto document = Mapper::map<Json>(QString::fromUtf8(file.readAll()));
+    if (!document) {
+        qCritical().noquote() << path << "is not a design (a JSON object)";
+        return false;
+    }
+    navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
+    auto *editor = static_cast<EditorSession *>(storyboard.instantiate(QStringLiteral("EditImagePortraitMode")));
+    editor->contentJson = document;
+    navigation.push(editor, false);
+    return true;
 }
 
 } // namespace
@@ -56,12 +83,13 @@ int main(int argc, char **argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Stories, video stories and highlight covers from templates."));
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("server"), QStringLiteral("Content server address."), QStringLiteral("url")});
-    parser.addOption({QStringLiteral("open"), QStringLiteral("Open a design file in the editor."), QStringLiteral("file")});
-    parser.addOption({QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window, then quit."),
-                      QStringLiteral("png")});
-    parser.addOption({QStringLiteral("screenshot-delay"), QStringLiteral("Milliseconds before the screenshot."),
-                      QStringLiteral("ms"), QStringLiteral("1500")});
+    parser.addOption({ QStringLiteral("server"), QStringLiteral("Content server address."), QStringLiteral("url") });
+    parser.addOption(
+        { QStringLiteral("open"), QStringLiteral("Open a design file in the editor."), QStringLiteral("file") });
+    parser.addOption({ QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window, then quit."),
+        QStringLiteral("png") });
+    parser.addOption({ QStringLiteral("screenshot-delay"), QStringLiteral("Milliseconds before the screenshot."),
+        QStringLiteral("ms"), QStringLiteral("1500") });
     parser.process(app);
 
     AppPaths::ensureCreated();
@@ -74,11 +102,14 @@ int main(int argc, char **argv)
 
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
-    engine.setInitialProperties({{QStringLiteral("navigation"), QVariant::fromValue(&navigation)}});
+    engine.setInitialProperties({ { QStringLiteral("navigation"), QVariant::fromValue(&navigation) } });
     engine.load(QUrl(QStringLiteral("qrc:/Quillet/App/Main.qml")));
     if (engine.rootObjects().isEmpty())
         return 1;
     delegate.didFinishLaunching();
+    if (parser.isSet(QStringLiteral("open"))
+        && !openDesign(parser.value(QStringLiteral("open")), storyboard, navigation))
+        return 1;
     if (parser.isSet(QStringLiteral("screenshot"))) {
         auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
         QTimer::singleShot(parser.value(QStringLiteral("screenshot-delay")).toInt(), &app, [&parser, window] {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Editor
 import Quillet.Editor.Layers
 
 /** The editor screen shared by the editors: the bar, the fitted canvas with its layers, and the tool bar. */
@@ -63,7 +64,8 @@ Page {
                 model: root.vc.layerViews
                 delegate: LayerGestureArea {
                     required property var modelData
-                    layer: modelData
+                    layerView: modelData
+                    canvasScale: 1
                 }
             }
         }

@@ -11,7 +11,10 @@ CanvasItem::CanvasItem(QQuickItem *parent)
     setAntialiasing(true);
 }
 
-QObject *CanvasItem::view() const { return m_view; }
+QObject *CanvasItem::view() const
+{
+    return m_view;
+}
 
 void CanvasItem::setView(QObject *view)
 {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QPointer>
-#include <QSet>
 #include <QQuickPaintedItem>
+#include <QSet>
 #include <QtQml/qqmlregistration.h>
 
 class View;

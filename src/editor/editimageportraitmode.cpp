@@ -2,5 +2,4 @@
 
 EditImagePortraitMode::EditImagePortraitMode(QObject *parent)
     : EditorSession("EditImagePortraitMode", parent)
-{
-}
+{ }

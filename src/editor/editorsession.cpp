@@ -6,13 +6,13 @@
 #include "apppaths.h"
 #include "backgroundimageview.h"
 #include "borderedresizableimageview.h"
+#include "hexcolor.h"
+#include "layerview.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
-#include "hexcolor.h"
 #include "picturefile.h"
 #include "picturesource.h"
 #include "resizableimageview.h"
-#include "layerview.h"
 #include "resizableview.h"
 #include "staticresizableimageview.h"
 
@@ -20,7 +20,6 @@
 #include <QDir>
 #include <QUrl>
 #include <QtMath>
-
 
 namespace {
 
@@ -37,10 +36,12 @@ QString resolveDownloadedName(const QString &name)
     return QDir(AppPaths::resource()).filePath(name);
 }
 
-bool nonEmpty(const std::optional<QString> &value) { return value && !value->isEmpty(); }
+bool nonEmpty(const std::optional<QString> &value)
+{
+    return value && !value->isEmpty();
+}
 
-template<class Record>
-void replaceByIndex(RecordList<Record> &list, const std::shared_ptr<Record> &record)
+template<class Record> void replaceByIndex(RecordList<Record> &list, const std::shared_ptr<Record> &record)
 {
     if (!list || !record)
         return;
@@ -76,7 +77,10 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     gridView->setUserInteractionEnabled(false);
 }
 
-EditorSession::~EditorSession() { AppLog::print(m_className + QStringLiteral(" is being dismissed")); }
+EditorSession::~EditorSession()
+{
+    AppLog::print(m_className + QStringLiteral(" is being dismissed"));
+}
 
 void EditorSession::setCanvasArea(const QRectF &area)
 {
@@ -87,9 +91,15 @@ void EditorSession::setCanvasArea(const QRectF &area)
     mainViewCenter = area.center();
 }
 
-QRectF EditorSession::canvasFrame() const { return viewMain->frame(); }
+QRectF EditorSession::canvasFrame() const
+{
+    return viewMain->frame();
+}
 
-QObject *EditorSession::contentView() const { return viewContent; }
+QObject *EditorSession::contentView() const
+{
+    return viewContent;
+}
 
 QList<QObject *> EditorSession::layerViews() const
 {
@@ -128,7 +138,7 @@ void EditorSession::openDocument()
         masterJson = std::make_shared<Json>();
         usePictureAsBackground(croppedImage);
         fitCanvas(croppedImage.isNull() ? std::nullopt : std::optional<double>(croppedImage.width()),
-                  croppedImage.isNull() ? std::nullopt : std::optional<double>(croppedImage.height()));
+            croppedImage.isNull() ? std::nullopt : std::optional<double>(croppedImage.height()));
     }
 }
 
@@ -187,15 +197,15 @@ void EditorSession::fitCanvas(std::optional<double> width, std::optional<double>
     Q_EMIT canvasChanged();
 }
 
-QRectF EditorSession::convertRect(std::optional<double> x, std::optional<double> y, std::optional<double> width,
-                                  std::optional<double> height) const
+QRectF EditorSession::convertRect(
+    std::optional<double> x, std::optional<double> y, std::optional<double> width, std::optional<double> height) const
 {
     const QRectF canvas = backgroundImageView->frame();
     const qreal Wd = masterJson && masterJson->width ? *masterJson->width / screenScale : canvas.width();
     const qreal Hd = masterJson && masterJson->height ? *masterJson->height / screenScale : canvas.height();
-    return {x.value_or(0) / screenScale * canvas.width() / Wd + canvas.x(),
-            y.value_or(0) / screenScale * canvas.height() / Hd + canvas.y(),
-            width.value_or(0) / screenScale * canvas.width() / Wd, convertHeight(height)};
+    return { x.value_or(0) / screenScale * canvas.width() / Wd + canvas.x(),
+        y.value_or(0) / screenScale * canvas.height() / Hd + canvas.y(),
+        width.value_or(0) / screenScale * canvas.width() / Wd, convertHeight(height) };
 }
 
 qreal EditorSession::convertHeight(std::optional<double> height) const
@@ -282,7 +292,7 @@ bool EditorSession::loadReEdit(const std::shared_ptr<Json> &document)
 
 void EditorSession::startUndoHistory()
 {
-    undoArray = {documentDictionary()};
+    undoArray = { documentDictionary() };
     masterJson->changed_background_json = nullptr;
 }
 
@@ -293,8 +303,8 @@ nlohmann::ordered_json EditorSession::documentDictionary() const
 
 void EditorSession::loadSlots(bool reEdit)
 {
-    auto slotPicture = [this](const std::optional<QImage> &selected,
-                              const std::optional<QString> &name) -> std::optional<QImage> {
+    auto slotPicture
+        = [this](const std::optional<QImage> &selected, const std::optional<QString> &name) -> std::optional<QImage> {
         if (selected)
             return selected;
         return nonEmpty(name) ? std::optional(pictureFor(*name)) : std::nullopt;
@@ -310,15 +320,15 @@ void EditorSession::loadSlots(bool reEdit)
             QRectF frame;
             if (reEdit) {
                 frame = QRectF(record->xPos.value_or(0), record->yPos.value_or(0), record->width.value_or(0),
-                               record->height.value_or(0));
+                    record->height.value_or(0));
             } else {
                 const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
                 frame = r.translated(-slotInset, -slotInset);
                 if (record->angle)
                     record->angle = *record->angle * M_PI / 180.0;
             }
-            const std::optional<QImage> picture = slotPicture(record->image_sticker_selected_image,
-                                                              record->image_sticker_image);
+            const std::optional<QImage> picture
+                = slotPicture(record->image_sticker_selected_image, record->image_sticker_image);
             addImageSticker(frame, record, true);
             if (is_pip && picture && !picture->isNull())
                 usePictureAsBackground(*picture);
@@ -337,15 +347,15 @@ void EditorSession::loadSlots(bool reEdit)
             QRectF frame;
             if (reEdit) {
                 frame = QRectF(record->xPos.value_or(0), record->yPos.value_or(0), record->width.value_or(0),
-                               record->height.value_or(0));
+                    record->height.value_or(0));
             } else {
                 const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
                 frame = QRectF(r.x() - slotInset - 1, r.y() - slotInset - 1, r.width() + 2, r.height() + 2);
                 if (record->angle)
                     record->angle = *record->angle * M_PI / 180.0;
             }
-            const std::optional<QImage> picture = slotPicture(record->image_sticker_selected_image,
-                                                              record->image_sticker_image);
+            const std::optional<QImage> picture
+                = slotPicture(record->image_sticker_selected_image, record->image_sticker_image);
             addFrameImageSticker(frame, record, true);
             ++imageLimit;
             if (is_pip && picture && !picture->isNull())
@@ -374,7 +384,7 @@ void EditorSession::loadStickers(bool reEdit)
         QRectF frame;
         if (reEdit) {
             frame = QRectF(record->xPos.value_or(0) - layerInset, record->yPos.value_or(0) - layerInset,
-                           record->width.value_or(0), record->height.value_or(0));
+                record->width.value_or(0), record->height.value_or(0));
         } else {
             const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
             frame = r.translated(-layerInset, -layerInset);
@@ -401,7 +411,7 @@ void EditorSession::loadTexts(bool reEdit)
         } else {
             origin = convertRect(record->xPos, record->yPos, std::nullopt, std::nullopt).topLeft();
             record->size = convertHeight(record->size);
-            for (std::optional<QString> *name : {&record->bg_image, &record->texture_image}) {
+            for (std::optional<QString> *name : { &record->bg_image, &record->texture_image }) {
                 if (nonEmpty(*name))
                     **name = resolveName(**name);
             }
@@ -474,9 +484,8 @@ void EditorSession::deselectAll(bool changeBar)
     selectedBorderedImageView = nullptr;
 }
 
-StaticResizableImageView *EditorSession::addImageSticker(const QRectF &frame,
-                                                         const std::shared_ptr<ImageStickerJson> &record,
-                                                         bool isLoading)
+StaticResizableImageView *EditorSession::addImageSticker(
+    const QRectF &frame, const std::shared_ptr<ImageStickerJson> &record, bool isLoading)
 {
     Q_UNUSED(isLoading);
     deselectAll();
@@ -497,9 +506,8 @@ StaticResizableImageView *EditorSession::addImageSticker(const QRectF &frame,
     return slot;
 }
 
-BorderedResizableImageView *EditorSession::addFrameImageSticker(const QRectF &frame,
-                                                                const std::shared_ptr<FrameImageStickerJson> &record,
-                                                                bool isLoading)
+BorderedResizableImageView *EditorSession::addFrameImageSticker(
+    const QRectF &frame, const std::shared_ptr<FrameImageStickerJson> &record, bool isLoading)
 {
     Q_UNUSED(isLoading);
     deselectAll();
@@ -545,7 +553,10 @@ void EditorSession::stickerDidSelect(ResizableImageView *view)
     Q_EMIT layersChanged();
 }
 
-void EditorSession::stickerDidDeselect(ResizableImageView *view) { Q_UNUSED(view); }
+void EditorSession::stickerDidDeselect(ResizableImageView *view)
+{
+    Q_UNUSED(view);
+}
 
 void EditorSession::stickerWillClose(ResizableImageView *view)
 {
@@ -593,7 +604,10 @@ void EditorSession::textDidSelect(ResizableView *view)
     Q_EMIT layersChanged();
 }
 
-void EditorSession::textDidDeselect(ResizableView *view) { Q_UNUSED(view); }
+void EditorSession::textDidDeselect(ResizableView *view)
+{
+    Q_UNUSED(view);
+}
 
 void EditorSession::textWillClose(ResizableView *view)
 {
@@ -612,7 +626,10 @@ void EditorSession::textDidUpdate(std::shared_ptr<TextJson> json)
     Q_EMIT layersChanged();
 }
 
-void EditorSession::textDidAttach(std::shared_ptr<TextJson> json) { replaceByIndex(masterJson->text_json, json); }
+void EditorSession::textDidAttach(std::shared_ptr<TextJson> json)
+{
+    replaceByIndex(masterJson->text_json, json);
+}
 
 void EditorSession::textDidDrag(ResizableView *view)
 {
@@ -636,7 +653,10 @@ void EditorSession::slotDidSelect(View *slot)
     Q_EMIT layersChanged();
 }
 
-void EditorSession::slotDidDeselect(View *slot) { Q_UNUSED(slot); }
+void EditorSession::slotDidDeselect(View *slot)
+{
+    Q_UNUSED(slot);
+}
 
 void EditorSession::slotWillClose(View *slot)
 {
@@ -670,8 +690,8 @@ void EditorSession::slotDidAttach(const std::shared_ptr<FrameImageStickerJson> &
     replaceByIndex(masterJson->frame_image_sticker_json, record);
 }
 
-ResizableImageView *EditorSession::addSticker(const QRectF &frame, const std::shared_ptr<StickerJson> &record,
-                                              bool isLoading)
+ResizableImageView *EditorSession::addSticker(
+    const QRectF &frame, const std::shared_ptr<StickerJson> &record, bool isLoading)
 {
     deselectAll();
     auto *sticker = new ResizableImageView(frame);

@@ -121,18 +121,17 @@ public:
     void fitCanvas(std::optional<double> width, std::optional<double> height);
     /** A template rectangle in canvas points; absent fields count as 0. */
     [[nodiscard]] QRectF convertRect(std::optional<double> x, std::optional<double> y, std::optional<double> width,
-                                     std::optional<double> height) const;
+        std::optional<double> height) const;
     /** A template height (also a font size) in canvas points. */
     [[nodiscard]] qreal convertHeight(std::optional<double> height) const;
 
     void applyBackground(const std::shared_ptr<BackgroundJson> &record);
     Q_INVOKABLE void deselectAll(bool changeBar = true);
 
-    StaticResizableImageView *addImageSticker(const QRectF &frame, const std::shared_ptr<ImageStickerJson> &record,
-                                              bool isLoading);
-    BorderedResizableImageView *addFrameImageSticker(const QRectF &frame,
-                                                     const std::shared_ptr<FrameImageStickerJson> &record,
-                                                     bool isLoading);
+    StaticResizableImageView *addImageSticker(
+        const QRectF &frame, const std::shared_ptr<ImageStickerJson> &record, bool isLoading);
+    BorderedResizableImageView *addFrameImageSticker(
+        const QRectF &frame, const std::shared_ptr<FrameImageStickerJson> &record, bool isLoading);
     ResizableImageView *addSticker(const QRectF &frame, const std::shared_ptr<StickerJson> &record, bool isLoading);
     ResizableView *addText(const QRectF &frame, const std::shared_ptr<TextJson> &record, bool isLoading);
 

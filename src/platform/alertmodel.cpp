@@ -5,12 +5,11 @@ AlertModel::AlertModel(QString title, QString message, bool actionSheet, QObject
     , m_title(std::move(title))
     , m_message(std::move(message))
     , m_actionSheet(actionSheet)
-{
-}
+{ }
 
 AlertModel *AlertModel::addAction(const QString &title, Style style, std::function<void()> handler)
 {
-    m_actions.append(Action{title, style, std::move(handler)});
+    m_actions.append(Action { title, style, std::move(handler) });
     return this;
 }
 

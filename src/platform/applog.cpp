@@ -12,6 +12,9 @@ void print(const QString &line)
     std::fflush(output);
 }
 
-void setOutput(FILE *stream) { output = stream; }
+void setOutput(FILE *stream)
+{
+    output = stream;
+}
 
 } // namespace AppLog

@@ -13,15 +13,30 @@ QString basePath()
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
 }
 
-QString documents() { return basePath() + QStringLiteral("/Documents"); }
-QString resource() { return basePath() + QStringLiteral("/resource"); }
-QString fonts() { return basePath() + QStringLiteral("/fonts"); }
-QString tmp() { return basePath() + QStringLiteral("/tmp"); }
-QString database(const QString &name) { return basePath() + QLatin1Char('/') + name; }
+QString documents()
+{
+    return basePath() + QStringLiteral("/Documents");
+}
+QString resource()
+{
+    return basePath() + QStringLiteral("/resource");
+}
+QString fonts()
+{
+    return basePath() + QStringLiteral("/fonts");
+}
+QString tmp()
+{
+    return basePath() + QStringLiteral("/tmp");
+}
+QString database(const QString &name)
+{
+    return basePath() + QLatin1Char('/') + name;
+}
 
 void ensureCreated()
 {
-    for (const QString &dir : {basePath(), documents(), resource(), fonts(), tmp()})
+    for (const QString &dir : { basePath(), documents(), resource(), fonts(), tmp() })
         QDir().mkpath(dir);
 }
 

@@ -2,8 +2,7 @@
 
 ImageView::ImageView(const QRectF &frame, QObject *parent)
     : View(frame, parent)
-{
-}
+{ }
 
 void ImageView::setImage(const QImage &image)
 {
@@ -36,7 +35,7 @@ QRectF ImageView::imageRect() const
     case ContentMode::Center:
         break;
     }
-    return {area.center().x() - size.width() / 2, area.center().y() - size.height() / 2, size.width(), size.height()};
+    return { area.center().x() - size.width() / 2, area.center().y() - size.height() / 2, size.width(), size.height() };
 }
 
 void ImageView::paintContent(QPainter &painter) const

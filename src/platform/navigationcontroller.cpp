@@ -4,8 +4,7 @@
 
 NavigationController::NavigationController(QObject *parent)
     : QObject(parent)
-{
-}
+{ }
 
 NavigationController::~NavigationController()
 {
@@ -14,7 +13,10 @@ NavigationController::~NavigationController()
         delete m_stack.takeLast();
 }
 
-ViewController *NavigationController::topViewController() const { return m_stack.isEmpty() ? nullptr : m_stack.last(); }
+ViewController *NavigationController::topViewController() const
+{
+    return m_stack.isEmpty() ? nullptr : m_stack.last();
+}
 
 QString NavigationController::topIdentifier() const
 {
@@ -102,7 +104,10 @@ void NavigationController::present(ViewController *vc, bool animated)
     push(vc, animated);
 }
 
-void NavigationController::dismiss(bool animated) { pop(animated); }
+void NavigationController::dismiss(bool animated)
+{
+    pop(animated);
+}
 
 void NavigationController::presentAlert(AlertModel *alert)
 {

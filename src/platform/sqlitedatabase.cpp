@@ -5,8 +5,7 @@
 SqliteStatement::SqliteStatement(SqliteDatabase *db, sqlite3_stmt *stmt)
     : m_db(db)
     , m_stmt(stmt)
-{
-}
+{ }
 
 SqliteStatement::SqliteStatement(SqliteStatement &&other) noexcept
     : m_db(other.m_db)
@@ -88,17 +87,26 @@ QByteArray SqliteStatement::blob(int column) const
     return data ? QByteArray(data, sqlite3_column_bytes(m_stmt, column)) : QByteArray();
 }
 
-qint64 SqliteStatement::integer(int column) const { return sqlite3_column_int64(m_stmt, column); }
+qint64 SqliteStatement::integer(int column) const
+{
+    return sqlite3_column_int64(m_stmt, column);
+}
 
-bool SqliteStatement::isNull(int column) const { return sqlite3_column_type(m_stmt, column) == SQLITE_NULL; }
+bool SqliteStatement::isNull(int column) const
+{
+    return sqlite3_column_type(m_stmt, column) == SQLITE_NULL;
+}
 
-SqliteDatabase::~SqliteDatabase() { close(); }
+SqliteDatabase::~SqliteDatabase()
+{
+    close();
+}
 
 bool SqliteDatabase::open(const QString &path)
 {
     close();
-    if (sqlite3_open_v2(path.toUtf8().constData(), &m_db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX,
-                        nullptr)
+    if (sqlite3_open_v2(path.toUtf8().constData(), &m_db,
+            SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX, nullptr)
         != SQLITE_OK) {
         recordError();
         close();
@@ -134,12 +142,18 @@ SqliteStatement SqliteDatabase::prepare(const QString &sql)
     sqlite3_stmt *stmt = nullptr;
     if (!m_db || sqlite3_prepare_v2(m_db, sql.toUtf8().constData(), -1, &stmt, nullptr) != SQLITE_OK)
         recordError();
-    return {this, stmt};
+    return { this, stmt };
 }
 
-qint64 SqliteDatabase::lastInsertRowId() const { return m_db ? sqlite3_last_insert_rowid(m_db) : 0; }
+qint64 SqliteDatabase::lastInsertRowId() const
+{
+    return m_db ? sqlite3_last_insert_rowid(m_db) : 0;
+}
 
-int SqliteDatabase::changes() const { return m_db ? sqlite3_changes(m_db) : 0; }
+int SqliteDatabase::changes() const
+{
+    return m_db ? sqlite3_changes(m_db) : 0;
+}
 
 void SqliteDatabase::recordError()
 {

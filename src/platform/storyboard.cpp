@@ -4,7 +4,7 @@
 
 void Storyboard::registerFactory(const QString &identifier, const QUrl &viewUrl, Factory factory)
 {
-    m_entries.insert(identifier, Entry{viewUrl, std::move(factory)});
+    m_entries.insert(identifier, Entry { viewUrl, std::move(factory) });
 }
 
 ViewController *Storyboard::instantiate(const QString &identifier) const

@@ -18,8 +18,7 @@ public:
     using Factory = std::function<ViewController *()>;
 
     /** Registers `T` under `identifier`, drawn by `viewUrl`. */
-    template<class T>
-    void registerScreen(const QString &identifier, const QUrl &viewUrl)
+    template<class T> void registerScreen(const QString &identifier, const QUrl &viewUrl)
     {
         registerFactory(identifier, viewUrl, [] { return new T(); });
     }

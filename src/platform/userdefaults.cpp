@@ -2,14 +2,17 @@
 
 #include "apppaths.h"
 
+#include <QDebug>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QDebug>
 
 namespace {
 
 // A bare JSON value is not a document, so each value is stored as the only element of an array.
-QByteArray encode(const QJsonValue &value) { return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact); }
+QByteArray encode(const QJsonValue &value)
+{
+    return QJsonDocument(QJsonArray { value }).toJson(QJsonDocument::Compact);
+}
 
 QJsonValue decode(const QByteArray &text)
 {
@@ -22,7 +25,8 @@ QJsonValue decode(const QByteArray &text)
 UserDefaults::UserDefaults(const QString &databasePath)
 {
     if (!m_db.open(databasePath)
-        || !m_db.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS defaults (key TEXT PRIMARY KEY, value TEXT NOT NULL)"))) {
+        || !m_db.exec(
+            QStringLiteral("CREATE TABLE IF NOT EXISTS defaults (key TEXT PRIMARY KEY, value TEXT NOT NULL)"))) {
         qWarning().noquote() << "settings unavailable:" << m_db.lastError();
         return;
     }
@@ -44,9 +48,15 @@ UserDefaults &UserDefaults::standard()
     return *instance;
 }
 
-bool UserDefaults::contains(const QString &key) const { return m_values.contains(key); }
+bool UserDefaults::contains(const QString &key) const
+{
+    return m_values.contains(key);
+}
 
-QJsonValue UserDefaults::value(const QString &key) const { return m_values.value(key, QJsonValue(QJsonValue::Undefined)); }
+QJsonValue UserDefaults::value(const QString &key) const
+{
+    return m_values.value(key, QJsonValue(QJsonValue::Undefined));
+}
 
 void UserDefaults::setValue(const QString &key, const QJsonValue &value)
 {

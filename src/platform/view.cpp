@@ -4,7 +4,7 @@ namespace {
 
 // Shares a size change among the flexible parts of one axis in proportion to their sizes, as UIKit does.
 void distribute(qreal delta, bool flexLead, bool flexSize, bool flexTrail, qreal lead, qreal size, qreal trail,
-                qreal *leadDelta, qreal *sizeDelta)
+    qreal *leadDelta, qreal *sizeDelta)
 {
     *leadDelta = 0;
     *sizeDelta = 0;
@@ -27,8 +27,7 @@ View::View(const QRectF &frame, QObject *parent)
     : QObject(parent)
     , m_bounds(QPointF(0, 0), frame.size())
     , m_center(frame.center())
-{
-}
+{ }
 
 View::~View()
 {
@@ -112,10 +111,10 @@ void View::resizeSubviews(const QSizeF &old)
         qreal dWidth = 0;
         qreal dy = 0;
         qreal dHeight = 0;
-        distribute(dw, mask & FlexibleLeftMargin, mask & FlexibleWidth, mask & FlexibleRightMargin, f.left(),
-                   f.width(), old.width() - f.right(), &dx, &dWidth);
+        distribute(dw, mask & FlexibleLeftMargin, mask & FlexibleWidth, mask & FlexibleRightMargin, f.left(), f.width(),
+            old.width() - f.right(), &dx, &dWidth);
         distribute(dh, mask & FlexibleTopMargin, mask & FlexibleHeight, mask & FlexibleBottomMargin, f.top(),
-                   f.height(), old.height() - f.bottom(), &dy, &dHeight);
+            f.height(), old.height() - f.bottom(), &dy, &dHeight);
         // Sizes change in the child's own bounds, so a turned child keeps its turn.
         const QSizeF oldChild = child->m_bounds.size();
         child->m_bounds.setSize(QSizeF(oldChild.width() + dWidth, oldChild.height() + dHeight));
@@ -125,7 +124,10 @@ void View::resizeSubviews(const QSizeF &old)
     }
 }
 
-void View::addSubview(View *view) { insertSubview(view, m_subviews.size()); }
+void View::addSubview(View *view)
+{
+    insertSubview(view, m_subviews.size());
+}
 
 void View::insertSubview(View *view, qsizetype index)
 {
@@ -194,7 +196,10 @@ QPointF View::convertPoint(const QPointF &point, const View *other) const
     return p;
 }
 
-bool View::pointInside(const QPointF &point) const { return m_bounds.contains(point); }
+bool View::pointInside(const QPointF &point) const
+{
+    return m_bounds.contains(point);
+}
 
 View *View::hitTest(const QPointF &point)
 {
@@ -207,4 +212,7 @@ View *View::hitTest(const QPointF &point)
     return this;
 }
 
-void View::paintContent(QPainter &painter) const { Q_UNUSED(painter); }
+void View::paintContent(QPainter &painter) const
+{
+    Q_UNUSED(painter);
+}

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QColor>
-#include <QPainter>
 #include <QList>
 #include <QObject>
+#include <QPainter>
 #include <QPointF>
 #include <QRectF>
 #include <QTransform>

@@ -4,8 +4,7 @@
 
 ViewController::ViewController(QObject *parent)
     : QObject(parent)
-{
-}
+{ }
 
 void ViewController::setTitle(const QString &title)
 {
@@ -15,4 +14,7 @@ void ViewController::setTitle(const QString &title)
     Q_EMIT titleChanged();
 }
 
-NavigationController *ViewController::navigationController() const { return m_navigation.data(); }
+NavigationController *ViewController::navigationController() const
+{
+    return m_navigation.data();
+}

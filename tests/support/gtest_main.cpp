@@ -9,6 +9,11 @@
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Where the build put the programs and where the sources are, for tests that run them or read data.
+    if (qEnvironmentVariableIsEmpty("QUILLET_BIN_DIR"))
+        qputenv("QUILLET_BIN_DIR", QUILLET_BUILD_BIN_DIR);
+    if (qEnvironmentVariableIsEmpty("QUILLET_SOURCE_DIR"))
+        qputenv("QUILLET_SOURCE_DIR", QUILLET_SOURCE_ROOT);
     qputenv("TZ", "UTC");
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     QStandardPaths::setTestModeEnabled(true);

@@ -44,8 +44,8 @@ int load(const QStringList &args)
         if (arg == QLatin1String("--reedit")) {
             reEdit = true;
         } else if (arg == QLatin1String("--area") && i + 1 < args.size()) {
-            const auto match = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$"))
-                                   .match(args.at(++i));
+            const auto match
+                = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$")).match(args.at(++i));
             if (!match.hasMatch())
                 return toolFail(QStringLiteral("--area takes WxH, e.g. 360x640"));
             area = QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
@@ -88,13 +88,13 @@ const std::pair<const char *, ToolCommand::Runner> subcommands[] = {
     { "load", load },
 };
 
-const ToolCommand command("doc", "doc print FILE | doc load FILE --area WxH [--scale S] [--reedit]",
-                          [](const QStringList &args) {
-                              for (const auto &[word, run] : subcommands) {
-                                  if (!args.isEmpty() && args.first() == QLatin1String(word))
-                                      return run(args.mid(1));
-                              }
-                              return toolFail(QStringLiteral("usage: doc print FILE | doc load FILE --area WxH"));
-                          });
+const ToolCommand command(
+    "doc", "doc print FILE | doc load FILE --area WxH [--scale S] [--reedit]", [](const QStringList &args) {
+        for (const auto &[word, run] : subcommands) {
+            if (!args.isEmpty() && args.first() == QLatin1String(word))
+                return run(args.mid(1));
+        }
+        return toolFail(QStringLiteral("usage: doc print FILE | doc load FILE --area WxH"));
+    });
 
 } // namespace

@@ -11,18 +11,18 @@ Item {
     id: root
 
     /** The layer, a ResizableImageView or a ResizableView. */
-    required property LayerView layer
+    required property LayerView layerView
     /** Screen units per canvas point; the parent item is the canvas. */
     property real canvasScale: 1
 
-    readonly property size layerSize: root.layer.layerSize
-    readonly property rect area: root.layer.contentRect
+    readonly property size layerSize: root.layerView.layerSize
+    readonly property rect area: root.layerView.contentRect
 
-    x: (root.layer.layerCenter.x - root.layerSize.width / 2) * root.canvasScale
-    y: (root.layer.layerCenter.y - root.layerSize.height / 2) * root.canvasScale
+    x: (root.layerView.layerCenter.x - root.layerSize.width / 2) * root.canvasScale
+    y: (root.layerView.layerCenter.y - root.layerSize.height / 2) * root.canvasScale
     width: root.layerSize.width * root.canvasScale
     height: root.layerSize.height * root.canvasScale
-    rotation: root.layer.rotationDegrees
+    rotation: root.layerView.rotationDegrees
 
     // A scene point in the layer's own coordinates (the item turns with the layer).
     function inLayer(scenePoint) {
@@ -43,7 +43,7 @@ Item {
         height: root.area.height * root.canvasScale
 
         TapHandler {
-            onTapped: root.layer.tapGesture()
+            onTapped: root.layerView.tapGesture()
         }
         DragHandler {
             id: move
@@ -52,16 +52,16 @@ Item {
             onActiveChanged: {
                 if (move.active) {
                     move.last = root.inCanvas(move.centroid.scenePosition)
-                    root.layer.panGesture(LayerView.Began, Qt.point(0, 0))
+                    root.layerView.panGesture(LayerView.Began, Qt.point(0, 0))
                 } else {
-                    root.layer.panGesture(LayerView.Ended, Qt.point(0, 0))
+                    root.layerView.panGesture(LayerView.Ended, Qt.point(0, 0))
                 }
             }
             onCentroidChanged: {
                 if (!move.active)
                     return
                 const p = root.inCanvas(move.centroid.scenePosition)
-                root.layer.panGesture(LayerView.Changed, Qt.point(p.x - move.last.x, p.y - move.last.y))
+                root.layerView.panGesture(LayerView.Changed, Qt.point(p.x - move.last.x, p.y - move.last.y))
                 move.last = p
             }
         }
@@ -70,15 +70,15 @@ Item {
             target: null
             onActiveChanged: {
                 const phase = pinch.active ? LayerView.Began : LayerView.Ended
-                root.layer.pinchGesture(phase, pinch.activeScale)
-                root.layer.rotateGesture(phase, pinch.rotation * Math.PI / 180)
+                root.layerView.pinchGesture(phase, pinch.activeScale)
+                root.layerView.rotateGesture(phase, pinch.rotation * Math.PI / 180)
             }
             onUpdated: {
                 if (!pinch.active)
                     return
-                root.layer.pinchGesture(LayerView.Changed, pinch.activeScale)
-                if (root.layer instanceof ResizableView)
-                    root.layer.rotateGesture(LayerView.Changed, pinch.rotation * Math.PI / 180)
+                root.layerView.pinchGesture(LayerView.Changed, pinch.activeScale)
+                if (root.layerView instanceof ResizableView)
+                    root.layerView.rotateGesture(LayerView.Changed, pinch.rotation * Math.PI / 180)
             }
         }
         WheelHandler {
@@ -89,14 +89,14 @@ Item {
             onWheel: event => {
                 if (!wheel.active) {
                     wheel.scale = 1
-                    root.layer.pinchGesture(LayerView.Began, 1)
+                    root.layerView.pinchGesture(LayerView.Began, 1)
                 }
                 wheel.scale *= Math.pow(1.0015, event.angleDelta.y)
-                root.layer.pinchGesture(LayerView.Changed, wheel.scale)
+                root.layerView.pinchGesture(LayerView.Changed, wheel.scale)
             }
             onActiveChanged: {
                 if (!wheel.active)
-                    root.layer.pinchGesture(LayerView.Ended, wheel.scale)
+                    root.layerView.pinchGesture(LayerView.Ended, wheel.scale)
             }
         }
     }
@@ -110,46 +110,46 @@ Item {
     }
 
     Handle {
-        side: root.layer.handleSize * root.canvasScale
-        shown: root.layer.selected
+        side: root.layerView.handleSize * root.canvasScale
+        shown: root.layerView.selected
         objectName: "cancelHandle"
         x: 0
         y: 0
         TapHandler {
-            onTapped: root.layer.buttonTapGesture()
+            onTapped: root.layerView.buttonTapGesture()
         }
     }
     Handle {
-        side: root.layer.handleSize * root.canvasScale
-        shown: root.layer.selected
+        side: root.layerView.handleSize * root.canvasScale
+        shown: root.layerView.selected
         objectName: "rotateHandle"
         x: 0
         y: root.height - height
         DragHandler {
             id: turn
             target: null
-            onActiveChanged: root.layer.buttonRotateGesture(turn.active ? LayerView.Began : LayerView.Ended,
+            onActiveChanged: root.layerView.buttonRotateGesture(turn.active ? LayerView.Began : LayerView.Ended,
                                                             root.inCanvas(turn.centroid.scenePosition))
             onCentroidChanged: {
                 if (turn.active)
-                    root.layer.buttonRotateGesture(LayerView.Changed, root.inCanvas(turn.centroid.scenePosition))
+                    root.layerView.buttonRotateGesture(LayerView.Changed, root.inCanvas(turn.centroid.scenePosition))
             }
         }
     }
     Handle {
-        side: root.layer.handleSize * root.canvasScale
-        shown: root.layer.selected
+        side: root.layerView.handleSize * root.canvasScale
+        shown: root.layerView.selected
         objectName: "resizeHandle"
         x: root.width - width
         y: root.height - height
         DragHandler {
             id: resize
             target: null
-            onActiveChanged: root.layer.buttonPanGesture(resize.active ? LayerView.Began : LayerView.Ended,
+            onActiveChanged: root.layerView.buttonPanGesture(resize.active ? LayerView.Began : LayerView.Ended,
                                                          root.inLayer(resize.centroid.scenePosition))
             onCentroidChanged: {
                 if (resize.active)
-                    root.layer.buttonPanGesture(LayerView.Changed, root.inLayer(resize.centroid.scenePosition))
+                    root.layerView.buttonPanGesture(LayerView.Changed, root.inLayer(resize.centroid.scenePosition))
             }
         }
     }

@@ -4,8 +4,7 @@
 
 BackgroundImageView::BackgroundImageView(const QRectF &frame, QObject *parent)
     : ImageView(frame, parent)
-{
-}
+{ }
 
 void BackgroundImageView::setPatternColor(const QImage &tile)
 {

@@ -60,7 +60,7 @@ void BorderedResizableImageView::applyAngle(qreal radians)
 QRectF BorderedResizableImageView::unrotatedFrame() const
 {
     const QSizeF size = bounds().size();
-    return {center().x() - size.width() / 2, center().y() - size.height() / 2, size.width(), size.height()};
+    return { center().x() - size.width() / 2, center().y() - size.height() / 2, size.width(), size.height() };
 }
 
 void BorderedResizableImageView::setTag(qint64 tag)

@@ -8,8 +8,7 @@ class View;
  * What a picture slot tells the editor, in the order of its table: select, deselect, will close,
  * update (after each commit, with the record), did close, attached (at setTag:).
  */
-template<class Record>
-class SlotDelegate
+template<class Record> class SlotDelegate
 {
 public:
     virtual ~SlotDelegate() = default;

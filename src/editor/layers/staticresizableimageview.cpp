@@ -14,7 +14,7 @@ StaticResizableImageView::StaticResizableImageView(const QRectF &frame, QObject 
     borderView->setHidden(true);
     addSubview(borderView);
     mainView = new View(QRectF(contentInset, contentInset, borderView->frame().width() - buttonSize,
-                               borderView->frame().height() - buttonSize));
+        borderView->frame().height() - buttonSize));
     mainView->setAutoresizingMask(FlexibleAll);
     mainView->setClipsToBounds(true);
     addSubview(mainView);

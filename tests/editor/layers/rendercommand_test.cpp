@@ -1,5 +1,6 @@
 #include "testhome.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -21,7 +22,9 @@ ToolRun quilletTool(const TestHome &home, const QStringList &args)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QUILLET_HOME"), home.path());
     process.setProcessEnvironment(environment);
-    process.start(qEnvironmentVariable("QUILLET_BIN_DIR") + QStringLiteral("/quillet-tool"), args);
+    // The tool is built beside the tests unless the run says otherwise.
+    const QString bin = qEnvironmentVariable("QUILLET_BIN_DIR", QCoreApplication::applicationDirPath());
+    process.start(bin + QStringLiteral("/quillet-tool"), args);
     if (!process.waitForFinished(60000))
         return {};
     return { process.exitCode(), QString::fromUtf8(process.readAllStandardError()) };

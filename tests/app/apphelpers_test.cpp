@@ -29,9 +29,10 @@ TEST(AppHelpers, PreviewUnavailableAlertText)
 {
     std::unique_ptr<AlertModel> alert(AppHelpers::previewUnavailableAlert(QStringLiteral("Share")));
     EXPECT_EQ(alert->title(), QStringLiteral("Share Unavailable!"));
-    EXPECT_EQ(alert->message(), QStringLiteral("Design preview was not generated so you can't share it.\n"
-                                               "Please save again to generate a new preview."));
-    EXPECT_EQ(alert->actionTitles(), QStringList{QStringLiteral("OK")});
+    EXPECT_EQ(alert->message(),
+        QStringLiteral("Design preview was not generated so you can't share it.\n"
+                       "Please save again to generate a new preview."));
+    EXPECT_EQ(alert->actionTitles(), QStringList { QStringLiteral("OK") });
 }
 
 TEST(AppHelpers, ShippedDataFilesHaveRealContent)

@@ -42,9 +42,9 @@ TEST(Launch, ResetsTheCachingFlagsAndShowsTheLaunchScreen)
 TEST(DeepLink, OnlyAFirstNonEmptySearchItemRoutes)
 {
     EXPECT_EQ(AppDelegate::searchQuery(QUrl(QStringLiteral("quillet://open?search=birthday&x=1"))),
-              QStringLiteral("birthday"));
+        QStringLiteral("birthday"));
     EXPECT_EQ(AppDelegate::searchQuery(QUrl(QStringLiteral("https://quillet.app/s?search=summer%20sale"))),
-              QStringLiteral("summer sale"));
+        QStringLiteral("summer sale"));
     EXPECT_FALSE(AppDelegate::searchQuery(QUrl(QStringLiteral("quillet://open?tab=1&search=birthday"))));
     EXPECT_FALSE(AppDelegate::searchQuery(QUrl(QStringLiteral("quillet://open?search="))));
     EXPECT_FALSE(AppDelegate::searchQuery(QUrl(QStringLiteral("quillet://open"))));

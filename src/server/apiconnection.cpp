@@ -136,7 +136,7 @@ void ApiConnection::run(const std::shared_ptr<Pending> &pending)
         if (code == 200 || related) {
             if (related)
                 call.relatedResults(answer.envelope.message);
-            const std::optional<QJsonObject> record = call.member(answer.json);
+            const std::optional<QJsonObject> record = call.member ? call.member(answer.json) : std::nullopt;
             if (record && call.store)
                 call.store(*record);
             pending->complete(record, std::nullopt, true);

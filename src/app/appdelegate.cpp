@@ -2,6 +2,8 @@
 
 #include "applog.h"
 #include "navigationcontroller.h"
+#include "reachability.h"
+#include "serverclient.h"
 #include "storyboard.h"
 #include "userdefaults.h"
 
@@ -15,10 +17,14 @@ AppDelegate::AppDelegate(NavigationController *navigation, const Storyboard *sto
 
 void AppDelegate::didFinishLaunching()
 {
+    startReachability();
     m_appOpenFlag = advanceLaunchParity();
     auto &defaults = UserDefaults::standard();
     defaults.setBoolean(DefaultsKey::isCachingImages, false);
     defaults.setBoolean(DefaultsKey::isCachingAdv, false);
+    // A stored token is renewed by the answers themselves; a failed sign-in is retried by the next call.
+    if (m_client && !defaults.contains(DefaultsKey::token))
+        m_client->doLoginForGuest(this, [](const auto &, const auto &, bool) {});
     AppLog::print(QStringLiteral("remove ShapeCrop library from memory"));
     if (m_navigation && m_storyboard) {
         if (ViewController *launch = m_storyboard->instantiate(QStringLiteral("AnimatedLaunchScreen")))
@@ -67,6 +73,16 @@ bool AppDelegate::openUrl(const QUrl &url, const QString &sourceApplication)
         }
     }
     return true;
+}
+
+void AppDelegate::startReachability()
+{
+    const QString host = m_client ? m_client->connection().serverUrl().host() : QString();
+    m_reachability = new Reachability(host, this);
+    connect(m_reachability, &Reachability::reachabilityChanged, this,
+        [this] { reachabilityChanged(m_reachability->connection() != Reachability::Connection::Unavailable); });
+    if (!m_reachability->startNotifier())
+        AppLog::print(QStringLiteral("could not start reachability notifier"));
 }
 
 void AppDelegate::reachabilityChanged(bool reachable)

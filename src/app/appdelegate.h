@@ -8,6 +8,8 @@
 #include <optional>
 
 class NavigationController;
+class Reachability;
+class ServerClient;
 class Storyboard;
 
 /**
@@ -22,6 +24,8 @@ class AppDelegate : public QObject
 public:
     AppDelegate(NavigationController *navigation, const Storyboard *storyboard, QObject *parent = nullptr);
 
+    /** The content server's client; the launch signs in as a guest through it when no token is stored. */
+    void setServerClient(ServerClient *client) { m_client = client; }
     /** The launch order, from the settings to the animated launch screen as the root. */
     void didFinishLaunching();
     [[nodiscard]] bool appOpenFlag() const { return m_appOpenFlag; }
@@ -48,7 +52,10 @@ Q_SIGNALS:
     void networkResumed();
 
 private:
+    void startReachability();
     QPointer<NavigationController> m_navigation;
+    ServerClient *m_client = nullptr; // owned by main(), outlives this
+    Reachability *m_reachability = nullptr;
     const Storyboard *m_storyboard;
     bool m_appOpenFlag = false;
 };

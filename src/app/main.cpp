@@ -3,17 +3,21 @@
 #include "animatedlaunchscreen.h"
 #include "appdelegate.h"
 #include "apppaths.h"
+#include "contentserver.h"
 #include "editimageportraitmode.h"
 #include "homevc.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
+#include "serverclient.h"
 #include "storyboard.h"
+#include "userdefaults.h"
 
 #include <QCommandLineParser>
 #include <QDirIterator>
 #include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
+#include <QNetworkAccessManager>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickStyle>
@@ -68,6 +72,23 @@ bool openDesign(const QString &path, const Storyboard &storyboard, NavigationCon
     return true;
 }
 
+// The server named on the command line or in the settings; with none, the sample content server
+// starts inside the process on a free loopback port, so the application works out of the box.
+QUrl contentServerUrl(const QString &option, ContentServer &embedded)
+{
+    if (!option.isEmpty())
+        return QUrl::fromUserInput(option);
+    if (const auto setting = UserDefaults::standard().string(QStringLiteral("server_url"));
+        setting && !setting->isEmpty())
+        return QUrl::fromUserInput(*setting);
+    const int port = embedded.start(ContentServer::defaultContentDir());
+    if (port <= 0) {
+        qWarning() << "the sample content server could not start; catalogs stay empty";
+        return {};
+    }
+    return QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(port));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -95,10 +116,16 @@ int main(int argc, char **argv)
     AppPaths::ensureCreated();
     registerShippedFonts();
 
+    ContentServer embeddedServer;
+    const QUrl server = contentServerUrl(parser.value(QStringLiteral("server")), embeddedServer);
+    QNetworkAccessManager network;
+    ServerClient client(&network, ServerClient::apiBase(server));
+
     Storyboard storyboard;
     registerScreens(storyboard);
     NavigationController navigation;
     AppDelegate delegate(&navigation, &storyboard);
+    delegate.setServerClient(&client);
 
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));

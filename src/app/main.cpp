@@ -19,11 +19,15 @@
 #include <QGuiApplication>
 #include <QNetworkAccessManager>
 #include <QQmlApplicationEngine>
+#include <QQmlComponent>
 #include <QQmlContext>
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTimer>
 #include <QtQml/qqmlextensionplugin.h>
+
+#include <cstdio>
+#include <memory>
 
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
@@ -89,6 +93,32 @@ QUrl contentServerUrl(const QString &option, ContentServer &embedded)
     return QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(port));
 }
 
+// --self-test: every screen's view is made once with a fresh controller, offscreen; any QML warning fails it.
+int selfTest(QQmlApplicationEngine &engine, const Storyboard &storyboard)
+{
+    static int warnings = 0;
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &message) {
+        if (type != QtDebugMsg && type != QtInfoMsg) {
+            ++warnings;
+            std::fprintf(stderr, "%s\n", qPrintable(message));
+        }
+    });
+    for (const QString &identifier : storyboard.identifiers()) {
+        std::unique_ptr<ViewController> vc(storyboard.instantiate(identifier));
+        QQmlComponent component(&engine, vc->viewUrl());
+        std::unique_ptr<QObject> view(
+            component.createWithInitialProperties({ { QStringLiteral("vc"), QVariant::fromValue(vc.get()) } }));
+        if (!view) {
+            std::fprintf(stderr, "%s: %s\n", qPrintable(identifier), qPrintable(component.errorString()));
+            ++warnings;
+        }
+        QCoreApplication::processEvents();
+    }
+    std::printf(
+        "self-test: %lld screens, %d warnings\n", static_cast<long long>(storyboard.identifiers().size()), warnings);
+    return warnings == 0 ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -111,6 +141,8 @@ int main(int argc, char **argv)
         QStringLiteral("png") });
     parser.addOption({ QStringLiteral("screenshot-delay"), QStringLiteral("Milliseconds before the screenshot."),
         QStringLiteral("ms"), QStringLiteral("1500") });
+    parser.addOption(
+        { QStringLiteral("self-test"), QStringLiteral("Make every screen once offscreen; fail on QML warnings.") });
     parser.process(app);
 
     AppPaths::ensureCreated();
@@ -129,6 +161,8 @@ int main(int argc, char **argv)
 
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
+    if (parser.isSet(QStringLiteral("self-test")))
+        return selfTest(engine, storyboard);
     engine.setInitialProperties({ { QStringLiteral("navigation"), QVariant::fromValue(&navigation) } });
     engine.load(QUrl(QStringLiteral("qrc:/Quillet/App/Main.qml")));
     if (engine.rootObjects().isEmpty())

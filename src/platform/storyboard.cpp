@@ -17,3 +17,10 @@ ViewController *Storyboard::instantiate(const QString &identifier) const
     vc->m_viewUrl = it->viewUrl;
     return vc;
 }
+
+QStringList Storyboard::identifiers() const
+{
+    QStringList names = m_entries.keys();
+    names.sort();
+    return names;
+}

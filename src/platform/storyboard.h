@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <functional>
@@ -27,6 +28,8 @@ public:
     /** A new controller for the identifier, or null when none is registered. The caller owns it. */
     [[nodiscard]] ViewController *instantiate(const QString &identifier) const;
     [[nodiscard]] bool contains(const QString &identifier) const { return m_entries.contains(identifier); }
+    /** Every registered identifier, sorted. */
+    [[nodiscard]] QStringList identifiers() const;
 
 private:
     struct Entry

@@ -23,7 +23,7 @@ TEST(UserDefaults, ValuesSurviveReopeningAndKeepTheirType)
         defaults.setString(DefaultsKey::token, QStringLiteral("abc"));
         defaults.setInteger(DefaultsKey::appOpenCount, 1);
         defaults.setBoolean(DefaultsKey::isCachingAdv, true);
-        defaults.setDictionary(QStringLiteral("http://x/api"), QJsonObject{{QStringLiteral("code"), 200}});
+        defaults.setDictionary(QStringLiteral("http://x/api"), QJsonObject { { QStringLiteral("code"), 200 } });
     }
     UserDefaults reopened(file);
     EXPECT_EQ(reopened.string(DefaultsKey::token), QStringLiteral("abc"));

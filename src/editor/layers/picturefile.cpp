@@ -9,7 +9,10 @@
 
 namespace PictureFile {
 
-QString suffixFor(const QImage &image) { return image.hasAlphaChannel() ? QStringLiteral(".png") : QStringLiteral(".jpg"); }
+QString suffixFor(const QImage &image)
+{
+    return image.hasAlphaChannel() ? QStringLiteral(".png") : QStringLiteral(".jpg");
+}
 
 QString uniqueName(const QString &suffix)
 {

@@ -51,8 +51,11 @@ Item {
             target: null
             onActiveChanged: {
                 if (move.active) {
-                    move.last = root.inCanvas(move.centroid.scenePosition)
-                    root.layerView.panGesture(LayerView.Began, Qt.point(0, 0))
+                    // A pan's translation counts from the touch-down, the slop included.
+                    const start = root.inCanvas(move.centroid.scenePressPosition)
+                    const now = root.inCanvas(move.centroid.scenePosition)
+                    move.last = now
+                    root.layerView.panGesture(LayerView.Began, Qt.point(now.x - start.x, now.y - start.y))
                 } else {
                     root.layerView.panGesture(LayerView.Ended, Qt.point(0, 0))
                 }

@@ -72,6 +72,8 @@ void LayerView::setupControls()
 void LayerView::layoutControls()
 {
     placeHandles(buttonSize / 2);
+    // The handles and the area are read through the layer's own properties.
+    notifyChanged();
 }
 
 void LayerView::placeHandles(qreal offset)
@@ -94,6 +96,7 @@ void LayerView::setControlsHidden(bool hidden)
     for (View *view : { bgView, static_cast<View *>(borderView), static_cast<View *>(cancelButton),
              static_cast<View *>(rotateButton), static_cast<View *>(resizeButton) })
         view->setHidden(hidden);
+    notifyChanged();
 }
 
 void LayerView::showControls()
@@ -212,6 +215,7 @@ void LayerView::addDashedBorder()
     dashedBorderView->setBackgroundColor(Qt::transparent);
     SelectionChrome::mark(dashedBorderView);
     mainView->addSubview(dashedBorderView);
+    notifyChanged();
 }
 
 void LayerView::removeDashedBorder()

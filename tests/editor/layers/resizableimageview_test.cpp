@@ -300,3 +300,19 @@ TEST(NewStickerSize, LongerSideFollowsTheScreenThenTheContainerClamps)
     EXPECT_EQ(StickerSize::forNewSticker(QSizeF(10, 10), QSizeF(50, 50), QSizeF(10, 10)), QSizeF(36.4, 36.4));
     EXPECT_EQ(StickerSize::forReplacement(QSizeF(300, 100), QSizeF(60, 80), QSizeF(400, 400)), QSizeF(240, 80));
 }
+
+TEST(StickerScaleSlider, StoringKeepsTheScaleAndResettingClearsIt)
+{
+    Sticker s(QRectF(0, 0, 72, 72)); // outer 100
+    s.layer->showControls(); // the slider scales against the bounds held at selection
+    s.layer->scaleStoring(1.5);
+    EXPECT_EQ(s.layer->bounds().size(), QSizeF(150, 150));
+    const QTransform scale = s.layer->scaleTransform;
+    EXPECT_DOUBLE_EQ(std::sqrt(scale.m11() * scale.m11() + scale.m21() * scale.m21()), 1.5);
+    s.layer->scaleResetting(0.5); // 50 x 50 would pass the floor
+    EXPECT_EQ(s.layer->bounds().size(), QSizeF(150, 150));
+    EXPECT_EQ(s.layer->scaleTransform, QTransform::fromScale(1.5, 1.5));
+    s.layer->scaleResetting(0.8);
+    EXPECT_EQ(s.layer->bounds().size(), QSizeF(80, 80));
+    EXPECT_TRUE(s.layer->scaleTransform.isIdentity());
+}

@@ -1,0 +1,7 @@
+#include "fontpickerhowtousevc.h"
+
+FontpickerHowToUseVC::FontpickerHowToUseVC(QObject *parent)
+    : ViewController(parent)
+{
+    setTitle(QStringLiteral("How To Use Fonts"));
+}

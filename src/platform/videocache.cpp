@@ -1,0 +1,107 @@
+#include "videocache.h"
+
+#include "apppaths.h"
+#include "userdefaults.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFutureWatcher>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QPointer>
+#include <QSaveFile>
+#include <QtConcurrent/QtConcurrentRun>
+
+namespace {
+
+constexpr int requestTimeoutMs = 35000;
+
+// The file name of a new download; a second video in the same millisecond takes the next free number.
+QString writeVideo(const QByteArray &bytes)
+{
+    const QDir documents(AppPaths::documents());
+    documents.mkpath(QStringLiteral("."));
+    qint64 stamp = QDateTime::currentMSecsSinceEpoch();
+    while (documents.exists(QString::number(stamp) + QStringLiteral(".mov")))
+        ++stamp;
+    const QString name = QString::number(stamp) + QStringLiteral(".mov");
+    QSaveFile file(documents.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        return {};
+    return name;
+}
+
+} // namespace
+
+VideoCache::VideoCache(QObject *parent)
+    : QObject(parent)
+    , m_network(new QNetworkAccessManager(this))
+{
+    m_network->setTransferTimeout(requestTimeoutMs);
+}
+
+VideoCache::~VideoCache() = default;
+
+VideoCache &VideoCache::shared()
+{
+    static VideoCache *cache = new VideoCache(); // lives as long as the process
+    return *cache;
+}
+
+UserDefaults &VideoCache::index()
+{
+    // Follows the base path, as the settings do, so that each test home has its own index.
+    const QString path = AppPaths::database(QStringLiteral("VideoCache.sqlite"));
+    if (!m_index || m_indexPath != path) {
+        AppPaths::ensureCreated();
+        m_index = std::make_unique<UserDefaults>(path);
+        m_indexPath = path;
+    }
+    return *m_index;
+}
+
+std::optional<QString> VideoCache::cachedFile(const QString &address)
+{
+    const std::optional<QString> name = index().string(address);
+    if (!name)
+        return std::nullopt;
+    return AppPaths::documents() + QLatin1Char('/') + *name;
+}
+
+void VideoCache::fetch(const QUrl &url, QObject *context, Completion completion)
+{
+    const bool hasContext = context != nullptr;
+    auto finish = [guard = QPointer<QObject>(context), hasContext, completion = std::move(completion)](
+                      const std::optional<QString> &file, const QString &error) {
+        if (hasContext && !guard)
+            return;
+        completion(file, error);
+    };
+    const QString address = url.toString();
+    if (const std::optional<QString> file = cachedFile(address)) {
+        QMetaObject::invokeMethod(
+            this, [finish, file] { finish(file, QString()); }, Qt::QueuedConnection);
+        return;
+    }
+    QNetworkReply *reply = m_network->get(QNetworkRequest(url));
+    connect(reply, &QNetworkReply::finished, this, [this, reply, address, finish] {
+        reply->deleteLater();
+        const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        if (reply->error() != QNetworkReply::NoError || (status != 0 && status != 200)) {
+            finish(std::nullopt, reply->errorString());
+            return;
+        }
+        auto *watcher = new QFutureWatcher<QString>(this);
+        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, address, finish] {
+            watcher->deleteLater();
+            const QString name = watcher->result();
+            if (name.isEmpty()) {
+                finish(std::nullopt, QStringLiteral("could not write the video to Documents"));
+                return;
+            }
+            index().setString(address, name);
+            finish(AppPaths::documents() + QLatin1Char('/') + name, QString());
+        });
+        watcher->setFuture(QtConcurrent::run(writeVideo, reply->readAll()));
+    });
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+#include <optional>
+
+class QNetworkAccessManager;
+class UserDefaults;
+
+/**
+ * "VideoCache": a video by its remote address, as a file in Documents. The key is the full address, the
+ * value the file's name; entries never expire, and a found entry is trusted without looking for its
+ * file. The index is a key-value store of its own below the base path. The download and the file write
+ * run off the GUI thread; completions come back on it. GUI thread only.
+ */
+class VideoCache : public QObject
+{
+    Q_OBJECT
+public:
+    /** The local file, or nothing with the reason. */
+    using Completion = std::function<void(const std::optional<QString> &file, const QString &error)>;
+
+    explicit VideoCache(QObject *parent = nullptr);
+    ~VideoCache() override;
+
+    /** The process's cache. */
+    static VideoCache &shared();
+
+    /** The file of a cached address (Documents + "/" + the stored name), or nothing; no network. */
+    [[nodiscard]] std::optional<QString> cachedFile(const QString &address);
+
+    /**
+     * The cached file at once (later on the GUI thread), else a download named by the present time in
+     * milliseconds with ".mov". Dropped when `context` has gone.
+     */
+    void fetch(const QUrl &url, QObject *context, Completion completion);
+
+private:
+    UserDefaults &index();
+
+    QNetworkAccessManager *m_network;
+    std::unique_ptr<UserDefaults> m_index;
+    QString m_indexPath;
+};

@@ -71,15 +71,47 @@ Page {
         }
     }
 
+    LayerPanel {
+        objectName: "layerContentView"
+        anchors.fill: parent
+        vc: root.vc
+    }
+
     footer: Rectangle {
         height: 72
         color: "white"
-        Label {
-            anchors.centerIn: parent
-            text: qsTr("Tap a layer to edit it")
-            color: "#857A7E"
-            font.family: "Montserrat"
-            font.pixelSize: 13
+        RowLayout {
+            anchors.fill: parent
+            anchors.leftMargin: 12
+            anchors.rightMargin: 12
+            Label {
+                Layout.fillWidth: true
+                text: qsTr("Tap a layer to edit it")
+                color: "#857A7E"
+                font.family: "Montserrat"
+                font.pixelSize: 13
+            }
+            ToolButton {
+                objectName: "undoButton"
+                text: "\u21B6"
+                font.pixelSize: 24
+                enabled: root.vc.canUndo
+                onClicked: root.vc.undo()
+            }
+            ToolButton {
+                objectName: "redoButton"
+                text: "\u21B7"
+                font.pixelSize: 24
+                enabled: root.vc.canRedo
+                onClicked: root.vc.redo()
+            }
+            ToolButton {
+                objectName: "layerButton"
+                text: qsTr("Layers")
+                font.family: "Montserrat"
+                enabled: root.vc.canShowLayers
+                onClicked: root.vc.toggleLayers()
+            }
         }
     }
 }

@@ -6,6 +6,8 @@
 #include "apppaths.h"
 #include "backgroundimageview.h"
 #include "borderedresizableimageview.h"
+#include "designsaver.h"
+#include "designstore.h"
 #include "hexcolor.h"
 #include "layerview.h"
 #include "mapper.h"
@@ -15,11 +17,16 @@
 #include "resizableimageview.h"
 #include "resizableview.h"
 #include "staticresizableimageview.h"
+#include "stickersize.h"
 
 #include <QDebug>
 #include <QDir>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QUrl>
 #include <QtMath>
+
+#include <algorithm>
 
 namespace {
 
@@ -41,6 +48,19 @@ bool nonEmpty(const std::optional<QString> &value)
     return value && !value->isEmpty();
 }
 
+template<class Record>
+std::shared_ptr<Record> findByIndex(const RecordList<Record> &list, const std::optional<qint64> &index)
+{
+    if (list) {
+        for (const auto &entry : *list) {
+            if (entry && entry->index == index)
+                return entry;
+        }
+    }
+    return nullptr;
+}
+
+// An absent `index` matches an absent one.
 template<class Record> void replaceByIndex(RecordList<Record> &list, const std::shared_ptr<Record> &record)
 {
     if (!list || !record)
@@ -57,6 +77,9 @@ template<class Record> void replaceByIndex(RecordList<Record> &list, const std::
 
 EditorSession::EditorSession(const char *className, QObject *parent)
     : ViewController(parent)
+    , undoManager([this](UndoHistory::Operation operation, nlohmann::ordered_json content) {
+        performUndoOperation(operation, std::move(content));
+    })
     , viewContent(new View(QRectF(), this))
     , mainView(new ImageView())
     , viewMain(new View())
@@ -64,6 +87,7 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     , fgImageView(new ImageView())
     , gridView(new View())
     , m_className(QLatin1String(className))
+    , m_layerItems(new LayerListModel(this))
 {
     mainView->setImage(AppAssets::image(QStringLiteral("img_transperent_bg_bright")));
     mainView->setContentMode(ImageView::ContentMode::ScaleAspectFill);
@@ -75,6 +99,10 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     viewMain->addSubview(fgImageView);
     gridView->setHidden(true);
     gridView->setUserInteractionEnabled(false);
+    if (const QScreen *screen = qGuiApp ? QGuiApplication::primaryScreen() : nullptr)
+        screenSize = screen->size();
+    connect(&undoManager, &UndoHistory::didUndo, this, &EditorSession::updateUndoAndRedoButtons);
+    connect(&undoManager, &UndoHistory::didRedo, this, &EditorSession::updateUndoAndRedoButtons);
 }
 
 EditorSession::~EditorSession()
@@ -294,6 +322,7 @@ void EditorSession::startUndoHistory()
 {
     undoArray = { documentDictionary() };
     masterJson->changed_background_json = nullptr;
+    updateUndoAndRedoButtons();
 }
 
 nlohmann::ordered_json EditorSession::documentDictionary() const
@@ -319,8 +348,7 @@ void EditorSession::loadSlots(bool reEdit)
                 record->image_sticker_image = resolveName(*record->image_sticker_image);
             QRectF frame;
             if (reEdit) {
-                frame = QRectF(record->xPos.value_or(0), record->yPos.value_or(0), record->width.value_or(0),
-                    record->height.value_or(0));
+                frame = storedSlotFrame(*record);
             } else {
                 const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
                 frame = r.translated(-slotInset, -slotInset);
@@ -346,8 +374,7 @@ void EditorSession::loadSlots(bool reEdit)
                 record->image_sticker_image = resolveName(*record->image_sticker_image);
             QRectF frame;
             if (reEdit) {
-                frame = QRectF(record->xPos.value_or(0), record->yPos.value_or(0), record->width.value_or(0),
-                    record->height.value_or(0));
+                frame = storedSlotFrame(*record);
             } else {
                 const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
                 frame = QRectF(r.x() - slotInset - 1, r.y() - slotInset - 1, r.width() + 2, r.height() + 2);
@@ -383,8 +410,7 @@ void EditorSession::loadStickers(bool reEdit)
             continue;
         QRectF frame;
         if (reEdit) {
-            frame = QRectF(record->xPos.value_or(0) - layerInset, record->yPos.value_or(0) - layerInset,
-                record->width.value_or(0), record->height.value_or(0));
+            frame = storedStickerFrame(*record);
         } else {
             const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
             frame = r.translated(-layerInset, -layerInset);
@@ -405,11 +431,12 @@ void EditorSession::loadTexts(bool reEdit)
     for (const auto &record : *masterJson->text_json) {
         if (!record)
             continue;
-        QPointF origin;
+        QRectF frame;
         if (reEdit) {
-            origin = QPointF(record->xPos.value_or(0), record->yPos.value_or(0));
+            frame = storedTextFrame(*record);
         } else {
-            origin = convertRect(record->xPos, record->yPos, std::nullopt, std::nullopt).topLeft();
+            const QPointF origin = convertRect(record->xPos, record->yPos, std::nullopt, std::nullopt).topLeft();
+            frame = QRectF(origin.x() - layerInset - textMargin, origin.y() - layerInset - textMargin, 100.0, 100.0);
             record->size = convertHeight(record->size);
             for (std::optional<QString> *name : { &record->bg_image, &record->texture_image }) {
                 if (nonEmpty(*name))
@@ -418,8 +445,7 @@ void EditorSession::loadTexts(bool reEdit)
             if (record->angle)
                 record->angle = *record->angle * M_PI / 180.0;
         }
-        const qreal offset = layerInset + textMargin;
-        addText(QRectF(origin.x() - offset, origin.y() - offset, 100.0, 100.0), record, true);
+        addText(frame, record, true);
     }
 }
 
@@ -434,7 +460,7 @@ void EditorSession::usePictureAsBackground(const QImage &picture)
     backgroundImageView->setContentMode(ImageView::ContentMode::ScaleAspectFill);
 }
 
-void EditorSession::applyBackground(const std::shared_ptr<BackgroundJson> &record)
+void EditorSession::applyBackground(std::shared_ptr<BackgroundJson> record)
 {
     if (masterJson)
         masterJson->changed_background_json = nullptr;
@@ -543,8 +569,331 @@ void EditorSession::leave()
         navigation->pop();
 }
 
-// Delegates. Records are shared with the document, so a replacement by `index` mostly finds the same
-// object; it matters when a layer was given a new record (undo, duplicate).
+// Recording. Records are shared with the document, so a replacement by `index` mostly finds the same
+// object; it matters when a layer holds a record of an older snapshot (after undo, redo, duplicate).
+
+void EditorSession::clearChanged()
+{
+    masterJson->changed_background_json = nullptr;
+    masterJson->changed_text_json.emplace();
+    masterJson->changed_sticker_json.emplace();
+    masterJson->changed_image_sticker_json.emplace();
+    masterJson->changed_frame_image_sticker_json.emplace();
+}
+
+template<class Record>
+void EditorSession::recordChange(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record)
+{
+    if (!masterJson || !record)
+        return;
+    clearChanged();
+    replaceByIndex(*masterJson.*array, record);
+    (*masterJson.*changed)->append(record);
+    finishStep();
+}
+
+template<class Record>
+void EditorSession::recordAdded(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record)
+{
+    if (!masterJson || !record)
+        return;
+    RecordList<Record> &list = *masterJson.*array;
+    // A layer made from a record of the document (load, replay) finds it, and nothing is recorded.
+    if (findByIndex(list, record->index)) {
+        replaceByIndex(list, record);
+        return;
+    }
+    clearChanged();
+    if (!list)
+        list.emplace();
+    list->append(record);
+    record->status = 1;
+    (*masterJson.*changed)->append(record);
+    finishStep();
+}
+
+template<class Record>
+void EditorSession::recordClosed(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record)
+{
+    if (!masterJson || !record)
+        return;
+    clearChanged();
+    if (RecordList<Record> &list = *masterJson.*array) {
+        list->removeIf(
+            [&record](const std::shared_ptr<Record> &entry) { return entry && entry->index == record->index; });
+    }
+    record->status = 3;
+    (*masterJson.*changed)->append(record);
+    finishStep();
+}
+
+void EditorSession::finishStep()
+{
+    recordStep(documentDictionary());
+    automaticSave();
+}
+
+void EditorSession::recordStep(nlohmann::ordered_json snapshot)
+{
+    undoManager.registerUndo(UndoHistory::Operation::RemoveContent, snapshot);
+    undoManager.setActionName(QStringLiteral("add content"));
+    undoArray.append(std::move(snapshot));
+    updateUndoAndRedoButtons();
+}
+
+void EditorSession::backgroundDidUpdate(const std::shared_ptr<BackgroundJson> &record)
+{
+    if (!masterJson || !record)
+        return;
+    clearChanged();
+    masterJson->background_json = record;
+    masterJson->changed_background_json = record;
+    recordStep(documentDictionary());
+    // The snapshot carries the background delta; the live model rests without it.
+    masterJson->changed_background_json = nullptr;
+    automaticSave();
+}
+
+void EditorSession::setDesignStore(DesignStore *store)
+{
+    m_store = store;
+}
+
+void EditorSession::automaticSave()
+{
+    if (!masterJson)
+        return;
+    if (!m_store) {
+        m_ownStore = std::make_unique<DesignStore>();
+        m_store = m_ownStore.get();
+    }
+    DesignSaver saver(*m_store, objectId);
+    if (!saver.saveEdit(*masterJson))
+        return;
+    objectId = saver.objectId();
+    setChanges(true);
+}
+
+void EditorSession::setChanges(bool changes)
+{
+    if (isChanges == changes)
+        return;
+    isChanges = changes;
+    Q_EMIT changesChanged();
+}
+
+// Replay.
+
+void EditorSession::performUndoOperation(UndoHistory::Operation operation, nlohmann::ordered_json content)
+{
+    if (operation == UndoHistory::Operation::RemoveContent)
+        removeContent(std::move(content));
+    else
+        addContent(std::move(content));
+}
+
+namespace {
+
+template<class Record> QList<qint64> indexesOf(const RecordList<Record> &records)
+{
+    QList<qint64> indexes;
+    if (records) {
+        for (const auto &record : *records) {
+            if (record && record->index)
+                indexes.append(*record->index);
+        }
+    }
+    return indexes;
+}
+
+// Marks the records of `previous` that the undone step touched as changed, so that their layers are
+// rebuilt. When the step touched none that existed before, it added layers: the current delta, still
+// with status 1, tells the replay to remove them.
+template<class Record>
+void markTouched(Json &previous, const Json &current, RecordList<Record> Json::*array,
+    RecordList<Record> Json::*changed, QList<qint64> indexes)
+{
+    RecordList<Record> &delta = previous.*changed;
+    delta.emplace();
+    bool matched = false;
+    if (const RecordList<Record> &records = previous.*array) {
+        for (const auto &record : *records) {
+            if (record && record->index && indexes.removeOne(*record->index)) {
+                record->status = 2;
+                delta->append(record);
+                matched = true;
+            }
+        }
+    }
+    if (!matched)
+        delta = current.*changed;
+}
+
+} // namespace
+
+void EditorSession::removeContent(nlohmann::ordered_json content)
+{
+    undoManager.registerUndo(UndoHistory::Operation::AddContent, std::move(content));
+    undoManager.setActionName(QStringLiteral("remove content"));
+    if (undoArray.isEmpty())
+        return;
+    const std::shared_ptr<Json> current = Mapper::map<Json>(undoArray.last());
+    undoArray.removeLast();
+    if (undoArray.isEmpty() || !current)
+        return updateUndoAndRedoButtons();
+    const std::shared_ptr<Json> previous = Mapper::map<Json>(undoArray.last());
+    if (!previous)
+        return updateUndoAndRedoButtons();
+    previous->changed_background_json = current->changed_background_json ? previous->background_json : nullptr;
+    markTouched(*previous, *current, &Json::text_json, &Json::changed_text_json, indexesOf(current->changed_text_json));
+    markTouched(*previous, *current, &Json::sticker_json, &Json::changed_sticker_json,
+        indexesOf(current->changed_sticker_json));
+    markTouched(*previous, *current, &Json::image_sticker_json, &Json::changed_image_sticker_json,
+        indexesOf(current->changed_image_sticker_json));
+    markTouched(*previous, *current, &Json::frame_image_sticker_json, &Json::changed_frame_image_sticker_json,
+        indexesOf(current->changed_frame_image_sticker_json));
+    applyDocument(previous, true);
+}
+
+void EditorSession::addContent(nlohmann::ordered_json content)
+{
+    undoManager.registerUndo(UndoHistory::Operation::RemoveContent, content);
+    undoManager.setActionName(QStringLiteral("add content"));
+    undoArray.append(std::move(content));
+    if (const std::shared_ptr<Json> json = Mapper::map<Json>(undoArray.last()))
+        applyDocument(json, false);
+    updateUndoAndRedoButtons();
+}
+
+void EditorSession::forgetSelectionOf(View *layer)
+{
+    if (selectedView == layer)
+        selectedView = nullptr;
+    if (selectedIconImgView == layer)
+        selectedIconImgView = nullptr;
+    if (selectedImageView == layer)
+        selectedImageView = nullptr;
+    if (selectedBorderedImageView == layer)
+        selectedBorderedImageView = nullptr;
+}
+
+namespace {
+
+std::optional<qint64> indexOfLayer(const StaticResizableImageView &layer)
+{
+    return layer.imageStickerJson ? layer.imageStickerJson->index : std::nullopt;
+}
+std::optional<qint64> indexOfLayer(const BorderedResizableImageView &layer)
+{
+    return layer.frameImageStickerJson ? layer.frameImageStickerJson->index : std::nullopt;
+}
+std::optional<qint64> indexOfLayer(const ResizableImageView &layer)
+{
+    return layer.stickerJson ? layer.stickerJson->index : std::nullopt;
+}
+std::optional<qint64> indexOfLayer(const ResizableView &layer)
+{
+    return layer.textJson ? layer.textJson->index : std::nullopt;
+}
+
+} // namespace
+
+template<class Layer, class Record>
+void EditorSession::replayKind(
+    Field<Record> changed, bool isUndo, const std::function<void(const std::shared_ptr<Record> &)> &make)
+{
+    // A copy: a layer made below may record a step of its own, which empties the delta.
+    const RecordList<Record> records = *masterJson.*changed;
+    if (!records)
+        return;
+    const QList<qint64> indexes = indexesOf(records);
+    const QList<View *> subviews = viewMain->subviews();
+    for (View *view : subviews) {
+        auto *layer = qobject_cast<Layer *>(view);
+        if (!layer)
+            continue;
+        const std::optional<qint64> index = indexOfLayer(*layer);
+        if (!index || !indexes.contains(*index))
+            continue;
+        forgetSelectionOf(layer);
+        layer->removeFromSuperview();
+        layer->deleteLater();
+    }
+    constexpr bool isSelectable = std::is_same_v<Layer, ResizableImageView> || std::is_same_v<Layer, ResizableView>;
+    for (const auto &record : *records) {
+        if (!record)
+            continue;
+        if ((record->status == 1 && isUndo) || (record->status == 3 && !isUndo)) {
+            if (isSelectable)
+                deselectAll();
+            continue;
+        }
+        make(record);
+    }
+}
+
+void EditorSession::applyDocument(const std::shared_ptr<Json> &json, bool isUndo)
+{
+    masterJson = json;
+    if (json->changed_background_json)
+        applyBackground(json->changed_background_json);
+    replayKind<StaticResizableImageView, ImageStickerJson>(
+        &Json::changed_image_sticker_json, isUndo, [this](const std::shared_ptr<ImageStickerJson> &record) {
+            addImageSticker(storedSlotFrame(*record), record, false);
+        });
+    // Only the load counts the outlined slots.
+    imageLimit = 0;
+    replayKind<BorderedResizableImageView, FrameImageStickerJson>(
+        &Json::changed_frame_image_sticker_json, isUndo, [this](const std::shared_ptr<FrameImageStickerJson> &record) {
+            addFrameImageSticker(storedSlotFrame(*record), record, false);
+        });
+    replayKind<ResizableImageView, StickerJson>(&Json::changed_sticker_json, isUndo,
+        [this](const std::shared_ptr<StickerJson> &record) { addSticker(storedStickerFrame(*record), record, false); });
+    replayKind<ResizableView, TextJson>(&Json::changed_text_json, isUndo,
+        [this](const std::shared_ptr<TextJson> &record) { addText(storedTextFrame(*record), record, false); });
+    automaticSave();
+    Q_EMIT layersChanged();
+}
+
+QRectF EditorSession::storedStickerFrame(const StickerJson &record)
+{
+    return { record.xPos.value_or(0) - layerInset, record.yPos.value_or(0) - layerInset, record.width.value_or(0),
+        record.height.value_or(0) };
+}
+
+QRectF EditorSession::storedTextFrame(const TextJson &record)
+{
+    const qreal offset = layerInset + textMargin;
+    return { record.xPos.value_or(0) - offset, record.yPos.value_or(0) - offset, 100.0, 100.0 };
+}
+
+template<class Record> QRectF EditorSession::storedSlotFrame(const Record &record)
+{
+    return { record.xPos.value_or(0), record.yPos.value_or(0), record.width.value_or(0), record.height.value_or(0) };
+}
+
+void EditorSession::updateUndoAndRedoButtons()
+{
+    const bool canUndo = undoManager.canUndo();
+    const bool canRedo = undoManager.canRedo();
+    if (canUndo == m_canUndo && canRedo == m_canRedo)
+        return;
+    m_canUndo = canUndo;
+    m_canRedo = canRedo;
+    Q_EMIT undoStateChanged();
+}
+
+void EditorSession::undo()
+{
+    undoManager.undo();
+}
+
+void EditorSession::redo()
+{
+    undoManager.redo();
+}
+
+// Layer delegates.
 
 void EditorSession::stickerDidSelect(ResizableImageView *view)
 {
@@ -560,12 +909,9 @@ void EditorSession::stickerDidDeselect(ResizableImageView *view)
 
 void EditorSession::stickerWillClose(ResizableImageView *view)
 {
-    if (view->stickerJson) {
-        view->stickerJson->status = 3;
-        if (masterJson->sticker_json)
-            masterJson->sticker_json->removeOne(view->stickerJson);
-    }
-    deselectAll();
+    if (selectedIconImgView == view)
+        deselectAll();
+    recordClosed(&Json::sticker_json, &Json::changed_sticker_json, view->stickerJson);
 }
 
 void EditorSession::stickerDidClose(ResizableImageView *view)
@@ -576,13 +922,13 @@ void EditorSession::stickerDidClose(ResizableImageView *view)
 
 void EditorSession::stickerDidUpdate(std::shared_ptr<StickerJson> json)
 {
-    replaceByIndex(masterJson->sticker_json, json);
+    recordChange(&Json::sticker_json, &Json::changed_sticker_json, json);
     Q_EMIT layersChanged();
 }
 
 void EditorSession::stickerDidAttach(std::shared_ptr<StickerJson> json)
 {
-    replaceByIndex(masterJson->sticker_json, json);
+    recordAdded(&Json::sticker_json, &Json::changed_sticker_json, json);
 }
 
 void EditorSession::stickerDidDrag(ResizableImageView *view)
@@ -611,24 +957,21 @@ void EditorSession::textDidDeselect(ResizableView *view)
 
 void EditorSession::textWillClose(ResizableView *view)
 {
-    if (view->textJson) {
-        view->textJson->status = 3;
-        if (masterJson->text_json)
-            masterJson->text_json->removeOne(view->textJson);
-    }
-    deselectAll();
+    if (selectedView == view)
+        deselectAll();
+    recordClosed(&Json::text_json, &Json::changed_text_json, view->textJson);
     Q_EMIT layersChanged();
 }
 
 void EditorSession::textDidUpdate(std::shared_ptr<TextJson> json)
 {
-    replaceByIndex(masterJson->text_json, json);
+    recordChange(&Json::text_json, &Json::changed_text_json, json);
     Q_EMIT layersChanged();
 }
 
 void EditorSession::textDidAttach(std::shared_ptr<TextJson> json)
 {
-    replaceByIndex(masterJson->text_json, json);
+    recordAdded(&Json::text_json, &Json::changed_text_json, json);
 }
 
 void EditorSession::textDidDrag(ResizableView *view)
@@ -660,18 +1003,24 @@ void EditorSession::slotDidDeselect(View *slot)
 
 void EditorSession::slotWillClose(View *slot)
 {
-    Q_UNUSED(slot);
-    deselectAll();
+    // Only an outlined slot can be closed; a picture slot has no close button.
+    auto *outlined = qobject_cast<BorderedResizableImageView *>(slot);
+    if (!outlined)
+        return;
+    if (selectedBorderedImageView == outlined)
+        deselectAll();
+    recordClosed(
+        &Json::frame_image_sticker_json, &Json::changed_frame_image_sticker_json, outlined->frameImageStickerJson);
 }
 
 void EditorSession::slotDidUpdate(const std::shared_ptr<ImageStickerJson> &record)
 {
-    replaceByIndex(masterJson->image_sticker_json, record);
+    recordChange(&Json::image_sticker_json, &Json::changed_image_sticker_json, record);
 }
 
 void EditorSession::slotDidUpdate(const std::shared_ptr<FrameImageStickerJson> &record)
 {
-    replaceByIndex(masterJson->frame_image_sticker_json, record);
+    recordChange(&Json::frame_image_sticker_json, &Json::changed_frame_image_sticker_json, record);
 }
 
 void EditorSession::slotDidClose(View *slot)
@@ -682,12 +1031,158 @@ void EditorSession::slotDidClose(View *slot)
 
 void EditorSession::slotDidAttach(const std::shared_ptr<ImageStickerJson> &record)
 {
-    replaceByIndex(masterJson->image_sticker_json, record);
+    recordAdded(&Json::image_sticker_json, &Json::changed_image_sticker_json, record);
 }
 
 void EditorSession::slotDidAttach(const std::shared_ptr<FrameImageStickerJson> &record)
 {
-    replaceByIndex(masterJson->frame_image_sticker_json, record);
+    recordAdded(&Json::frame_image_sticker_json, &Json::changed_frame_image_sticker_json, record);
+}
+
+// New layers.
+
+ResizableImageView *EditorSession::addNewSticker(const QImage &picture)
+{
+    const QSizeF size = StickerSize::forNewSticker(picture.size(), screenSize, viewMain->bounds().size());
+    auto *sticker = new ResizableImageView(QRectF(QPointF(0, 44.0), size));
+    sticker->delegate = this;
+    sticker->contentImageView->tintedImage = picture;
+    sticker->contentImageView->setImage(picture);
+    sticker->setStickerColor(Qt::white);
+    newStickerHasColor = false;
+    sticker->stickerJson->selected_sticker_id = selected_sticker_id.value_or(47);
+    sticker->stickerJson->selected_sticker_catalog_id = selected_sticker_catalog_id;
+    viewMain->insertSubview(sticker, viewMain->subviews().indexOf(fgImageView));
+    sticker->showControls();
+    sticker->setCenter(viewMain->bounds().center());
+    sticker->setTag(stickerJsonIndex);
+    ++stickerJsonIndex;
+    Q_EMIT layersChanged();
+    return sticker;
+}
+
+ResizableView *EditorSession::addNewText(
+    const QString &text, const QString &fontName, const std::optional<QColor> &color)
+{
+    auto *layer = new ResizableView(QRectF(0, 44.0, 100.0, 100.0));
+    layer->delegate = this;
+    if (color) {
+        layer->textView->foregroundColor = *color;
+        layer->textView->applyForegroundColor();
+    }
+    viewMain->insertSubview(layer, viewMain->subviews().indexOf(fgImageView));
+    layer->textView->setText(text);
+    layer->textView->fontName = fontName;
+    layer->textView->applyFontName();
+    layer->textView->fontSize = 28.0;
+    layer->textView->applyFontSize();
+    layer->maxWidth = viewMain->bounds().width();
+    layer->resizeToFitText();
+    layer->textView->editable = false;
+    layer->textView->selectable = false;
+    layer->showControls();
+    layer->setCenter(viewMain->bounds().center());
+    layer->setTag(textJsonIndex);
+    ++textJsonIndex;
+    Q_EMIT layersChanged();
+    return layer;
+}
+
+void EditorSession::takeEnteredText(
+    const QString &text, const QString &fontName, std::optional<QColor> color, bool isNewText)
+{
+    if (isNewText) {
+        addNewText(text, fontName, color);
+        return;
+    }
+    ResizableView *layer = selectedView;
+    if (!layer)
+        return;
+    const qint64 style = layer->textJson ? layer->textJson->text_style : 0;
+    layer->textView->setText(ResizableTextView::styled(text, style));
+    if (color) {
+        layer->textView->foregroundColor = *color;
+        layer->textView->applyForegroundColor();
+    }
+    layer->textView->fontName = fontName;
+    layer->textView->applyFontName();
+    layer->maxWidth = viewMain->bounds().width();
+    layer->resizeToFitText();
+}
+
+bool EditorSession::canDuplicate() const
+{
+    return selectedView || selectedIconImgView;
+}
+
+void EditorSession::duplicateClicked()
+{
+    const QSizeF canvas = viewMain->bounds().size();
+    // The copy steps aside when there is room; otherwise it lands exactly on its source.
+    auto shifted = [canvas](auto &copy) {
+        const double x = copy.xPos.value_or(0);
+        const double y = copy.yPos.value_or(0);
+        if (y <= canvas.height() - 50.0 && x <= canvas.width() - 50.0) {
+            copy.xPos = x + 10.0;
+            copy.yPos = y + 10.0;
+        }
+    };
+    if (selectedView && selectedView->textJson) {
+        auto copy = selectedView->textJson->copy();
+        copy->index.reset();
+        shifted(*copy);
+        addText(storedTextFrame(*copy), copy, false);
+    } else if (selectedIconImgView && selectedIconImgView->stickerJson) {
+        auto copy = selectedIconImgView->stickerJson->copy();
+        copy->index.reset();
+        shifted(*copy);
+        addSticker(storedStickerFrame(*copy), copy, false);
+    }
+    Q_EMIT layersChanged();
+}
+
+// The layer panel. Reordering swaps two stickers in the canvas only: no undo step, and sticker_json
+// keeps its order until the explicit save rebuilds it from the stack.
+
+bool EditorSession::canShowLayers() const
+{
+    const QList<View *> &subviews = viewMain->subviews();
+    return std::any_of(subviews.begin(), subviews.end(),
+        [](View *view) { return qobject_cast<ResizableImageView *>(view) != nullptr; });
+}
+
+void EditorSession::fillLayers()
+{
+    QList<ResizableImageView *> rows;
+    for (View *view : viewMain->subviews()) {
+        if (auto *sticker = qobject_cast<ResizableImageView *>(view))
+            rows.append(sticker);
+    }
+    std::reverse(rows.begin(), rows.end());
+    m_layerItems->setLayers(rows);
+}
+
+void EditorSession::toggleLayers()
+{
+    if (!m_layersShown)
+        fillLayers();
+    m_layersShown = !m_layersShown;
+    Q_EMIT layersShownChanged();
+}
+
+void EditorSession::positionChanged(int currentIndex, int newIndex)
+{
+    AppLog::print(
+        QStringLiteral("positionChanged currentIndex: [0, %1] newIndex: [0, %2]").arg(currentIndex).arg(newIndex));
+    // A row whose layer has left the canvas meanwhile is not found, and nothing changes.
+    const qsizetype from = viewMain->subviews().indexOf(m_layerItems->layerAt(currentIndex));
+    const qsizetype to = viewMain->subviews().indexOf(m_layerItems->layerAt(newIndex));
+    if (from < 0 || to < 0)
+        return;
+    m_layerItems->moveRow(currentIndex, newIndex);
+    viewMain->exchangeSubview(from, to);
+    setChanges(true);
+    Q_EMIT layersChanged();
 }
 
 ResizableImageView *EditorSession::addSticker(

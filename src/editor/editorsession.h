@@ -1,9 +1,13 @@
 #pragma once
 
 #include "json.h"
+#include "layerlistmodel.h"
+#include "objectid.h"
 #include "resizableimageviewdelegate.h"
 #include "resizableviewdelegate.h"
 #include "slotdelegate.h"
+#include "textentrytarget.h"
+#include "undohistory.h"
 #include "viewcontroller.h"
 
 #include <QImage>
@@ -12,11 +16,13 @@
 
 #include <nlohmann/json.hpp>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 class BackgroundImageView;
 class BorderedResizableImageView;
+class DesignStore;
 class ImageView;
 class ResizableImageView;
 class ResizableView;
@@ -33,7 +39,8 @@ class EditorSession : public ViewController,
                       public ResizableImageViewDelegate,
                       public ResizableViewDelegate,
                       public SlotDelegate<ImageStickerJson>,
-                      public SlotDelegate<FrameImageStickerJson>
+                      public SlotDelegate<FrameImageStickerJson>,
+                      public TextEntryTarget
 {
     Q_OBJECT
     /** The fitted canvas in the coordinates of the work area. */
@@ -45,6 +52,15 @@ class EditorSession : public ViewController,
     Q_PROPERTY(QList<QObject *> layerViews READ layerViews NOTIFY layersChanged)
     /** Why the design could not be opened; empty when it was. */
     Q_PROPERTY(QString errorString READ errorString NOTIFY loadFailed)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoStateChanged)
+    Q_PROPERTY(bool canRedo READ canRedo NOTIFY undoStateChanged)
+    /** The layer button: the canvas holds at least one sticker. */
+    Q_PROPERTY(bool canShowLayers READ canShowLayers NOTIFY layersChanged)
+    /** The duplicate button: a sticker or a text is selected. */
+    Q_PROPERTY(bool canDuplicate READ canDuplicate NOTIFY layersChanged)
+    Q_PROPERTY(bool layersShown READ layersShown NOTIFY layersShownChanged)
+    /** The layer panel's rows. */
+    Q_PROPERTY(LayerListModel *layerModel READ layerModel CONSTANT)
 public:
     /** `className` names the editor in its log lines. */
     explicit EditorSession(const char *className, QObject *parent = nullptr);
@@ -53,7 +69,7 @@ public:
     // Set by the opener before the screen loads.
     std::shared_ptr<Json> contentJson; // a template to load
     std::shared_ptr<Json> reEditJson; // a stored design to load
-    QString objectId; // the design's row in the store; empty until the first store write
+    std::optional<ObjectId> objectId; // the design's row in the store; empty until the first store write
     bool isCreateOwn = false;
     QImage croppedImage; // a bare picture to edit when neither document is set
 
@@ -81,8 +97,16 @@ public:
     std::optional<QColor> defaultBgColor;
     QStringList bgGradientArray;
     QImage bgPatternImage;
-    /** The undo history: whole documents as dictionaries, oldest first. */
+    /** The undo history: whole documents as dictionaries, oldest first; the last is the present. */
     QList<nlohmann::ordered_json> undoArray;
+    /** Registers each step's opposite, as the operations below do. */
+    UndoHistory undoManager;
+    /** The sticker catalog entry a new sticker came from; the picker sets them. */
+    std::optional<qint64> selected_sticker_id;
+    std::optional<qint64> selected_sticker_catalog_id;
+    bool newStickerHasColor = false;
+    /** The screen's size in points; a new sticker's size follows its smaller side. */
+    QSizeF screenSize;
 
     /** The main screen's scale: template values are divided by it before they are fitted. */
     qreal screenScale = 1.0;
@@ -125,7 +149,8 @@ public:
     /** A template height (also a font size) in canvas points. */
     [[nodiscard]] qreal convertHeight(std::optional<double> height) const;
 
-    void applyBackground(const std::shared_ptr<BackgroundJson> &record);
+    /** Taken by value: the caller may pass the document's own delta, which this clears first. */
+    void applyBackground(std::shared_ptr<BackgroundJson> record);
     Q_INVOKABLE void deselectAll(bool changeBar = true);
 
     StaticResizableImageView *addImageSticker(
@@ -137,6 +162,54 @@ public:
 
     /** The document as the undo history and the store see it. */
     [[nodiscard]] nlohmann::ordered_json documentDictionary() const;
+
+    /** The store that the automatic save writes; without one the session opens the default store. */
+    void setDesignStore(DesignStore *store);
+
+    // Undo and redo. Each recorded step puts the touched records into the document's changed_* delta,
+    // keeps the whole document as a snapshot and stores the design.
+    [[nodiscard]] bool canUndo() const { return m_canUndo; }
+    [[nodiscard]] bool canRedo() const { return m_canRedo; }
+    /** Empties the delta of masterJson: the start of each recorded step. */
+    void clearChanged();
+    /** Registers a snapshot made by the user as one undo step and appends it to undoArray. */
+    void recordStep(nlohmann::ordered_json snapshot);
+    /** Undo of a step: goes back to the previous snapshot, rebuilding the layers the step touched. */
+    void removeContent(nlohmann::ordered_json content);
+    /** Redo of a step: the snapshot becomes the present again. */
+    void addContent(nlohmann::ordered_json content);
+    /**
+     * Makes `json` the live model and rebuilds only the layers in its delta, picture slots first and
+     * texts last; a rebuilt layer comes back on top of the others.
+     */
+    void applyDocument(const std::shared_ptr<Json> &json, bool isUndo);
+    void updateUndoAndRedoButtons();
+    Q_INVOKABLE void undo();
+    Q_INVOKABLE void redo();
+    /** The background view's delegate: the record changed. */
+    void backgroundDidUpdate(const std::shared_ptr<BackgroundJson> &record);
+
+    // New layers made by the user.
+    /** A sticker from a picked picture, sized for the screen, centred and selected. */
+    ResizableImageView *addNewSticker(const QImage &picture);
+    /** A text typed in the entry screen, at 28 points, centred and selected. */
+    ResizableView *addNewText(const QString &text, const QString &fontName, const std::optional<QColor> &color);
+    void takeEnteredText(
+        const QString &text, const QString &fontName, std::optional<QColor> color, bool isNewText) override;
+    [[nodiscard]] bool canDuplicate() const;
+    /** A copy of the selected text or sticker, a little below and right of it when there is room. */
+    Q_INVOKABLE void duplicateClicked();
+
+    // The layer panel.
+    [[nodiscard]] bool canShowLayers() const;
+    [[nodiscard]] bool layersShown() const { return m_layersShown; }
+    [[nodiscard]] LayerListModel *layerModel() const { return m_layerItems; }
+    /** The rows: the canvas's stickers, topmost first. */
+    Q_INVOKABLE void fillLayers();
+    /** The layer button and the panel's close button: opens the panel filled anew, or closes it. */
+    Q_INVOKABLE void toggleLayers();
+    /** A row was dragged from one place to another: the two stickers swap places in the canvas. */
+    Q_INVOKABLE void positionChanged(int currentIndex, int newIndex);
 
     /** Back or close: asks "Are you sure?" first. */
     Q_INVOKABLE void requestLeave();
@@ -172,12 +245,35 @@ Q_SIGNALS:
     void loadFailed();
     /** The layer stacking or a selection changed; the canvas redraws and the bars refresh. */
     void layersChanged();
+    void undoStateChanged();
+    void layersShownChanged();
 
 protected:
     /** Pops the screen after the leaving confirmation; an editor with edits saves first. */
     virtual void leave();
 
 private:
+    template<class Record> using Field = RecordList<Record> Json::*;
+    template<class Record>
+    void recordChange(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record);
+    template<class Record>
+    void recordAdded(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record);
+    template<class Record>
+    void recordClosed(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record);
+    /** Snapshot, step and automatic save: the end of every recorded step. */
+    void finishStep();
+    void automaticSave();
+    void setChanges(bool changes);
+    void performUndoOperation(UndoHistory::Operation operation, nlohmann::ordered_json content);
+    template<class Layer, class Record>
+    void replayKind(
+        Field<Record> changed, bool isUndo, const std::function<void(const std::shared_ptr<Record> &)> &make);
+    void forgetSelectionOf(View *layer);
+    /** The frames of layers made from records in canvas points, as stored designs and snapshots hold them. */
+    [[nodiscard]] static QRectF storedStickerFrame(const StickerJson &record);
+    [[nodiscard]] static QRectF storedTextFrame(const TextJson &record);
+    template<class Record> [[nodiscard]] static QRectF storedSlotFrame(const Record &record);
+
     bool refuseNullFlags(const Json &document);
     void loadSlots(bool reEdit);
     void loadFrame(bool reEdit);
@@ -193,4 +289,10 @@ private:
     const QString m_className;
     QString m_errorString;
     bool m_openPending = false;
+    bool m_canUndo = false;
+    bool m_canRedo = false;
+    bool m_layersShown = false;
+    LayerListModel *const m_layerItems;
+    DesignStore *m_store = nullptr;
+    std::unique_ptr<DesignStore> m_ownStore;
 };

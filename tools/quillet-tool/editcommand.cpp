@@ -1,0 +1,336 @@
+// quillet-tool edit: a template opened in a headless editor, edited by a list of steps.
+#include "toolcommand.h"
+
+#include "borderedresizableimageview.h"
+#include "designstore.h"
+#include "editimageportraitmode.h"
+#include "hexcolor.h"
+#include "mapper.h"
+#include "resizableimageview.h"
+#include "resizableview.h"
+#include "staticresizableimageview.h"
+
+#include <QFile>
+#include <QImage>
+#include <QRegularExpression>
+#include <QtMath>
+
+#include <cstdio>
+#include <optional>
+
+namespace {
+
+using ordered_json = nlohmann::ordered_json;
+
+// What went wrong with one step; the command stops there.
+struct StepError
+{
+    QString message;
+};
+
+QString kindOf(View *view)
+{
+    if (qobject_cast<ResizableView *>(view))
+        return QStringLiteral("text");
+    if (qobject_cast<ResizableImageView *>(view))
+        return QStringLiteral("sticker");
+    if (qobject_cast<StaticResizableImageView *>(view))
+        return QStringLiteral("slot");
+    if (qobject_cast<BorderedResizableImageView *>(view))
+        return QStringLiteral("outlined");
+    return {};
+}
+
+std::optional<qint64> indexOf(View *view)
+{
+    if (auto *text = qobject_cast<ResizableView *>(view))
+        return text->textJson ? text->textJson->index : std::nullopt;
+    if (auto *sticker = qobject_cast<ResizableImageView *>(view))
+        return sticker->stickerJson ? sticker->stickerJson->index : std::nullopt;
+    if (auto *slot = qobject_cast<StaticResizableImageView *>(view))
+        return slot->imageStickerJson ? slot->imageStickerJson->index : std::nullopt;
+    if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view))
+        return outlined->frameImageStickerJson ? outlined->frameImageStickerJson->index : std::nullopt;
+    return std::nullopt;
+}
+
+// The layers of the canvas, back to front, as "kind:index".
+QStringList stackOf(const EditorSession &session)
+{
+    QStringList stack;
+    for (View *view : session.viewMain->subviews()) {
+        const QString kind = kindOf(view);
+        if (!kind.isEmpty())
+            stack.append(kind + QLatin1Char(':') + QString::number(indexOf(view).value_or(0)));
+    }
+    return stack;
+}
+
+class StepRunner
+{
+public:
+    explicit StepRunner(EditImagePortraitMode &session)
+        : m_session(session)
+    { }
+
+    void run(const ordered_json &step)
+    {
+        const QString op = text(step, "op");
+        if (op != QLatin1String("reorder") && m_session.layersShown())
+            m_session.toggleLayers(); // the panel covers the editor; any other edit happens without it
+        if (op == QLatin1String("pan"))
+            pan(step);
+        else if (op == QLatin1String("pinch"))
+            pinch(step);
+        else if (op == QLatin1String("rotate"))
+            rotate(step);
+        else if (op == QLatin1String("opacity"))
+            opacity(step);
+        else if (op == QLatin1String("close"))
+            close(step);
+        else if (op == QLatin1String("addText"))
+            m_session.addNewText(text(step, "text"), text(step, "font"), color(step));
+        else if (op == QLatin1String("addSticker"))
+            addSticker(step);
+        else if (op == QLatin1String("duplicate"))
+            duplicate(step);
+        else if (op == QLatin1String("reorder"))
+            reorder(step);
+        else if (op == QLatin1String("undo"))
+            m_session.undo();
+        else if (op == QLatin1String("redo"))
+            m_session.redo();
+        else
+            throw StepError { QStringLiteral("unknown op \"%1\"").arg(op) };
+    }
+
+private:
+    static QString text(const ordered_json &step, const char *key)
+    {
+        const auto found = step.find(key);
+        if (found == step.end() || !found->is_string())
+            throw StepError { QStringLiteral("the step needs a text \"%1\"").arg(QLatin1String(key)) };
+        return QString::fromStdString(found->get<std::string>());
+    }
+
+    static double number(const ordered_json &step, const char *key)
+    {
+        const auto found = step.find(key);
+        if (found == step.end() || !found->is_number())
+            throw StepError { QStringLiteral("the step needs a number \"%1\"").arg(QLatin1String(key)) };
+        return found->get<double>();
+    }
+
+    static std::optional<QColor> color(const ordered_json &step)
+    {
+        if (!step.contains("color"))
+            return std::nullopt;
+        const QColor color = HexColor::fromString(text(step, "color"));
+        if (!color.isValid())
+            throw StepError { QStringLiteral("\"color\" is not a hexadecimal colour") };
+        return color;
+    }
+
+    // "kind:index" names the topmost layer of that kind with that index.
+    View *layer(const ordered_json &step) const
+    {
+        const QString name = text(step, "layer");
+        const auto match = QRegularExpression(QStringLiteral("^(text|sticker|slot|outlined):(\\d+)$")).match(name);
+        if (match.hasMatch()) {
+            const QList<View *> &views = m_session.viewMain->subviews();
+            for (auto it = views.rbegin(); it != views.rend(); ++it) {
+                if (kindOf(*it) == match.captured(1) && indexOf(*it) == match.captured(2).toLongLong())
+                    return *it;
+            }
+        }
+        throw StepError { QStringLiteral("no layer \"%1\"").arg(name) };
+    }
+
+    // A gesture of a sticker or a text, which is selected first as the user's tap does.
+    LayerView *gestureLayer(const ordered_json &step) const
+    {
+        auto *view = qobject_cast<LayerView *>(layer(step));
+        if (!view)
+            throw StepError { QStringLiteral("\"%1\" takes no gestures").arg(text(step, "layer")) };
+        if (!view->isSelected())
+            view->tapGesture();
+        return view;
+    }
+
+    void pan(const ordered_json &step)
+    {
+        LayerView *view = gestureLayer(step);
+        view->panGesture(LayerView::Began, QPointF());
+        view->panGesture(LayerView::Changed, QPointF(number(step, "dx"), number(step, "dy")));
+        view->panGesture(LayerView::Ended, QPointF());
+    }
+
+    void pinch(const ordered_json &step)
+    {
+        LayerView *view = gestureLayer(step);
+        const double scale = number(step, "scale");
+        view->pinchGesture(LayerView::Began, 1.0);
+        view->pinchGesture(LayerView::Changed, scale);
+        view->pinchGesture(LayerView::Ended, scale);
+    }
+
+    // The rotation slider turns the layer; its release writes the angle and commits.
+    void rotate(const ordered_json &step)
+    {
+        LayerView *view = gestureLayer(step);
+        view->rotate(qDegreesToRadians(number(step, "degrees")));
+        if (auto *sticker = qobject_cast<ResizableImageView *>(view)) {
+            if (sticker->stickerJson)
+                sticker->stickerJson->angle = sticker->zAngle;
+            sticker->updateStickerJson(sticker->stickerJson);
+        } else if (auto *text = qobject_cast<ResizableView *>(view)) {
+            if (text->textJson)
+                text->textJson->angle = text->zAngle;
+            text->updateTextJson(text->textJson);
+        }
+    }
+
+    // The opacity slider, 0 to 100, committed on release.
+    void opacity(const ordered_json &step)
+    {
+        LayerView *view = gestureLayer(step);
+        const double value = number(step, "value");
+        if (auto *sticker = qobject_cast<ResizableImageView *>(view)) {
+            sticker->contentImageView->setAlpha(value / 100.0);
+            sticker->storeOpacity();
+        } else if (auto *text = qobject_cast<ResizableView *>(view)) {
+            text->textView->textAlpha = value / 100.0;
+            text->textView->applyAlpha();
+            text->textView->storeAlpha();
+        }
+    }
+
+    void close(const ordered_json &step)
+    {
+        auto *view = qobject_cast<LayerView *>(layer(step));
+        if (!view)
+            throw StepError { QStringLiteral("\"%1\" has no close button").arg(text(step, "layer")) };
+        view->buttonTapGesture();
+    }
+
+    void addSticker(const ordered_json &step)
+    {
+        const QString path = text(step, "image");
+        const QImage picture(path);
+        if (picture.isNull())
+            throw StepError { QStringLiteral("cannot read the picture %1").arg(path) };
+        m_session.addNewSticker(picture);
+    }
+
+    void duplicate(const ordered_json &step)
+    {
+        View *view = layer(step);
+        if (!qobject_cast<LayerView *>(view))
+            throw StepError { QStringLiteral("\"%1\" cannot be duplicated").arg(text(step, "layer")) };
+        qobject_cast<LayerView *>(view)->tapGesture();
+        m_session.duplicateClicked();
+    }
+
+    // Rows of the layer panel, which opens filled when it is not open yet.
+    void reorder(const ordered_json &step)
+    {
+        if (!m_session.layersShown())
+            m_session.toggleLayers();
+        const double from = number(step, "from");
+        const double to = number(step, "to");
+        const int rows = m_session.layerModel()->count();
+        if (from < 0 || to < 0 || from >= rows || to >= rows)
+            throw StepError { QStringLiteral("the layer panel has %1 rows").arg(rows) };
+        m_session.positionChanged(static_cast<int>(from), static_cast<int>(to));
+    }
+
+    EditImagePortraitMode &m_session;
+};
+
+std::optional<ordered_json> readJson(const QString &path, QString *error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
+        return std::nullopt;
+    }
+    ordered_json json = Mapper::parse(QString::fromUtf8(file.readAll()));
+    if (json.is_discarded()) {
+        *error = QStringLiteral("%1 is not JSON").arg(path);
+        return std::nullopt;
+    }
+    return json;
+}
+
+// edit FILE --area WxH --steps STEPS.json
+int edit(const QStringList &args)
+{
+    const QString usage = QStringLiteral("usage: edit FILE --area WxH --steps STEPS.json");
+    QString path;
+    QString stepsPath;
+    QSizeF area;
+    for (qsizetype i = 0; i < args.size(); ++i) {
+        const QString &arg = args.at(i);
+        if (arg == QLatin1String("--area") && i + 1 < args.size()) {
+            const auto match
+                = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$")).match(args.at(++i));
+            if (!match.hasMatch())
+                return toolFail(QStringLiteral("--area takes WxH, e.g. 360x640"));
+            area = QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
+        } else if (arg == QLatin1String("--steps") && i + 1 < args.size()) {
+            stepsPath = args.at(++i);
+        } else if (path.isEmpty() && !arg.startsWith(QLatin1String("--"))) {
+            path = arg;
+        } else {
+            return toolFail(usage);
+        }
+    }
+    if (path.isEmpty() || stepsPath.isEmpty() || area.isEmpty())
+        return toolFail(usage);
+    QString error;
+    const std::optional<ordered_json> document = readJson(path, &error);
+    if (!document)
+        return toolFail(error);
+    if (!document->is_object())
+        return toolFail(QStringLiteral("%1 is not a JSON object").arg(path));
+    const std::optional<ordered_json> steps = readJson(stepsPath, &error);
+    if (!steps)
+        return toolFail(error);
+    if (!steps->is_array())
+        return toolFail(QStringLiteral("%1 is not a JSON array of steps").arg(stepsPath));
+
+    DesignStore store(DesignStore::defaultPath(), stderr);
+    EditImagePortraitMode session;
+    session.setDesignStore(&store);
+    session.setCanvasArea(QRectF(QPointF(0, 0), area));
+    session.screenSize = area;
+    if (!session.loadTemplate(Mapper::map<Json>(*document)))
+        return toolFail(session.errorString());
+    StepRunner runner(session);
+    for (std::size_t i = 0; i < steps->size(); ++i) {
+        const ordered_json &step = steps->at(i);
+        try {
+            if (!step.is_object())
+                throw StepError { QStringLiteral("a step is a JSON object") };
+            runner.run(step);
+        } catch (const StepError &failure) {
+            return toolFail(QStringLiteral("step %1: %2").arg(i + 1).arg(failure.message));
+        }
+    }
+
+    ordered_json result = ordered_json::object();
+    result["masterJson"] = session.documentDictionary();
+    result["undoCount"] = session.undoArray.size();
+    result["canUndo"] = session.canUndo();
+    result["canRedo"] = session.canRedo();
+    ordered_json stack = ordered_json::array();
+    for (const QString &entry : stackOf(session))
+        stack.push_back(entry.toStdString());
+    result["stack"] = std::move(stack);
+    std::fprintf(stdout, "%s\n", Mapper::print(result, true).toUtf8().constData());
+    return 0;
+}
+
+const ToolCommand command("edit", "edit FILE --area WxH --steps STEPS.json", edit);
+
+} // namespace

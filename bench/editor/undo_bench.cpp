@@ -1,6 +1,8 @@
 // One recorded step and one undo on a design of 200 layers, with the automatic save into a real store.
 #include "designstore.h"
 #include "editimageportraitmode.h"
+#include "mapper.h"
+#include "picturefile.h"
 #include "resizableimageview.h"
 #include "resizableview.h"
 #include "sampledocument.h"
@@ -105,6 +107,26 @@ void undoStickerMove(benchmark::State &state)
     }
 }
 BENCHMARK(undoStickerMove)->Unit(benchmark::kMillisecond);
+
+// The parts of an undo: mapping one snapshot back to a document, and the picture file that a rebuilt
+// sticker writes when it is numbered.
+void mapSnapshot(benchmark::State &state)
+{
+    Bench bench;
+    const nlohmann::ordered_json snapshot = bench.session.documentDictionary();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Mapper::map<Json>(snapshot));
+}
+BENCHMARK(mapSnapshot)->Unit(benchmark::kMillisecond);
+
+void stickerPictureFile(benchmark::State &state)
+{
+    Bench bench;
+    const QImage picture = bench.topmost<ResizableImageView>()->contentImageView->image();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(PictureFile::write(picture));
+}
+BENCHMARK(stickerPictureFile)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

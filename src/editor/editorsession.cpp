@@ -694,6 +694,21 @@ void EditorSession::performUndoOperation(UndoHistory::Operation operation, nlohm
 
 namespace {
 
+// Of the present entry an undo reads only the delta; mapping the whole document would cost as much
+// as mapping the previous one, which the undo does need.
+nlohmann::ordered_json deltaOf(const nlohmann::ordered_json &snapshot)
+{
+    if (!snapshot.is_object())
+        return snapshot;
+    nlohmann::ordered_json delta = nlohmann::ordered_json::object();
+    for (const char *key : { "changed_text_json", "changed_sticker_json", "changed_image_sticker_json",
+             "changed_frame_image_sticker_json", "changed_background_json" }) {
+        if (const auto found = snapshot.find(key); found != snapshot.end())
+            delta[key] = *found;
+    }
+    return delta;
+}
+
 template<class Record> QList<qint64> indexesOf(const RecordList<Record> &records)
 {
     QList<qint64> indexes;
@@ -737,7 +752,7 @@ void EditorSession::removeContent(nlohmann::ordered_json content)
     undoManager.setActionName(QStringLiteral("remove content"));
     if (undoArray.isEmpty())
         return;
-    const std::shared_ptr<Json> current = Mapper::map<Json>(undoArray.last());
+    const std::shared_ptr<Json> current = Mapper::map<Json>(deltaOf(undoArray.last()));
     undoArray.removeLast();
     if (undoArray.isEmpty() || !current)
         return updateUndoAndRedoButtons();

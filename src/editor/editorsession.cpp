@@ -975,7 +975,8 @@ void EditorSession::textWillClose(ResizableView *view)
     if (selectedView == view)
         deselectAll();
     recordClosed(&Json::text_json, &Json::changed_text_json, view->textJson);
-    Q_EMIT layersChanged();
+    // A text says nothing after it has left the canvas; the layer list is current once it has.
+    QMetaObject::invokeMethod(this, &EditorSession::layersChanged, Qt::QueuedConnection);
 }
 
 void EditorSession::textDidUpdate(std::shared_ptr<TextJson> json)

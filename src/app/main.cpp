@@ -3,11 +3,16 @@
 #include "animatedlaunchscreen.h"
 #include "appdelegate.h"
 #include "apppaths.h"
+#include "assetimageprovider.h"
 #include "contentserver.h"
 #include "editimageportraitmode.h"
+#include "fontpickerscreens.h"
 #include "homevc.h"
+#include "imagecacheprovider.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
+#include "preparationscreens.h"
+#include "qffontpicker.h"
 #include "serverclient.h"
 #include "storyboard.h"
 #include "userdefaults.h"
@@ -32,6 +37,8 @@
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_FontpickerPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_PreparationPlugin)
 
 namespace {
 
@@ -153,14 +160,29 @@ int main(int argc, char **argv)
     QNetworkAccessManager network;
     ServerClient client(&network, ServerClient::apiBase(server));
 
+    // The font library: its own connection to the same server, fonts in the application's fonts folder.
+    FontpickerConnection fontSettings;
+    fontSettings.sub_category_id = 37;
+    fontSettings.serverURL = ServerClient::apiBase(server);
+    fontSettings.font_path = AppPaths::fonts();
+    fontSettings.intPimaryColor = QColor(0xE0, 0x58, 0x63);
+    fontSettings.barLeftGradientColor = fontSettings.intPimaryColor;
+    fontSettings.barRightGradientColor = QColor(0xF0, 0x7C, 0x82);
+    QFFontpicker fontpicker(&network, fontSettings);
+    fontpicker.start();
+
     Storyboard storyboard;
     registerScreens(storyboard);
+    FontpickerScreens::registerScreens(storyboard, &fontpicker);
+    PreparationScreens::registerScreens(storyboard, &client, &fontpicker);
     NavigationController navigation;
     AppDelegate delegate(&navigation, &storyboard);
     delegate.setServerClient(&client);
 
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
+    engine.addImageProvider(QStringLiteral("cache"), new ImageCacheProvider());
+    engine.addImageProvider(QStringLiteral("assets"), new AssetImageProvider());
     if (parser.isSet(QStringLiteral("self-test")))
         return selfTest(engine, storyboard);
     engine.setInitialProperties({ { QStringLiteral("navigation"), QVariant::fromValue(&navigation) } });

@@ -16,12 +16,21 @@ QString suffixFor(const QImage &image)
 
 QString uniqueName(const QString &suffix)
 {
+    // Many pictures can be written within one second (a rebuilt canvas); the sequence number goes on from
+    // the last name of that second instead of probing every earlier one again.
+    static QString lastStamp;
+    static int lastNumber = 0;
     const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddHHmmss"));
+    int n = stamp == lastStamp ? lastNumber + 1 : 0;
     const QDir documents(AppPaths::documents());
-    QString name = stamp + suffix;
-    for (int n = 1; documents.exists(name); ++n)
-        name = stamp + QLatin1Char('_') + QString::number(n) + suffix;
-    return name;
+    auto nameFor = [&](int number) {
+        return number == 0 ? stamp + suffix : stamp + QLatin1Char('_') + QString::number(number) + suffix;
+    };
+    while (documents.exists(nameFor(n)))
+        ++n;
+    lastStamp = stamp;
+    lastNumber = n;
+    return nameFor(n);
 }
 
 QString write(const QImage &image)
@@ -35,7 +44,8 @@ QString write(const QImage &image)
     if (!file.open(QIODevice::WriteOnly))
         return {};
     const bool png = suffix == QLatin1String(".png");
-    if (!image.save(&file, png ? "PNG" : "JPEG", png ? -1 : 100) || !file.commit())
+    // PNG stays lossless at any level; a light compression keeps an undo that rebuilds stickers quick.
+    if (!image.save(&file, png ? "PNG" : "JPEG", png ? 80 : 100) || !file.commit())
         return {};
     return name;
 }

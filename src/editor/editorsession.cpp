@@ -9,6 +9,7 @@
 #include "designsaver.h"
 #include "designstore.h"
 #include "hexcolor.h"
+#include "imagecache.h"
 #include "layerview.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
@@ -21,6 +22,7 @@
 
 #include <QDebug>
 #include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QUrl>
@@ -263,7 +265,12 @@ QImage EditorSession::pictureFor(const QString &value) const
         if (!asset.isNull())
             return asset;
     }
-    return PictureSource::load(value);
+    const QImage local = PictureSource::load(value);
+    if (!local.isNull() || !masterJson || !masterJson->prefix_url || masterJson->prefix_url->isEmpty())
+        return local;
+    // A prepared template's pictures stay in the picture cache under their address on the content server.
+    return ImageCache::shared().imageFromCache(
+        *masterJson->prefix_url + QStringLiteral("resource/") + QFileInfo(value).fileName());
 }
 
 bool EditorSession::loadTemplate(const std::shared_ptr<Json> &document)

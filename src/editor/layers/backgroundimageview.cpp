@@ -34,7 +34,9 @@ void BackgroundImageView::paintContent(QPainter &painter) const
     if (!m_pattern.isNull()) {
         painter.fillRect(bounds(), QBrush(m_pattern));
     } else if (!m_gradient.isEmpty()) {
-        QLinearGradient gradient(m_gradientRect.topLeft(), m_gradientRect.bottomLeft());
+        // Set before the canvas had its size, the gradient takes the bounds it is drawn in.
+        const QRectF area = m_gradientRect.isEmpty() ? bounds() : m_gradientRect;
+        QLinearGradient gradient(area.topLeft(), area.bottomLeft());
         const qsizetype steps = m_gradient.size();
         for (qsizetype i = 0; i < steps; ++i)
             gradient.setColorAt(steps == 1 ? 0.0 : qreal(i) / qreal(steps - 1), m_gradient.at(i));

@@ -1,6 +1,7 @@
 #include "picturesource.h"
 
 #include "apppaths.h"
+#include "imagecache.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -18,7 +19,7 @@ QImage load(const QString &value)
     else if (QFileInfo(value).isAbsolute())
         path = value;
     else if (value.contains(QLatin1String("://")))
-        return {};
+        return ImageCache::shared().imageFromCache(value); // preloaded by the template preparation
     else
         path = QDir(AppPaths::documents()).filePath(value);
     if (!QFileInfo::exists(path) && QFileInfo(value).isRelative())

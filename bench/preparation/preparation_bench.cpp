@@ -7,7 +7,6 @@
 #include "preparationscreens.h"
 #include "qffontpicker.h"
 #include "serverclient.h"
-#include "serverlog.h"
 #include "showimagesample.h"
 #include "storyboard.h"
 
@@ -156,12 +155,12 @@ int main(int argc, char **argv)
     QTemporaryDir home;
     qputenv("QUILLET_HOME", home.path().toUtf8());
     std::FILE *quiet = std::fopen("/dev/null", "w");
-    ServerLog::setOutput(quiet);
+    AppLog::setOutput(quiet);
     AppLog::setOutput(quiet);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    ServerLog::setOutput(stdout);
+    AppLog::setOutput(stdout);
     AppLog::setOutput(stdout);
     std::fclose(quiet);
     return 0;

@@ -1,9 +1,9 @@
 // The catalog road's costs: the synchronous cache read a screen does when it opens, and one call on loopback.
+#include "applog.h"
 #include "contentserver.h"
 #include "mapper.h"
 #include "responsecache.h"
 #include "serverclient.h"
-#include "serverlog.h"
 #include "templatedataresponse.h"
 #include "userdefaults.h"
 
@@ -73,11 +73,11 @@ int main(int argc, char **argv)
     QTemporaryDir home;
     qputenv("QUILLET_HOME", home.path().toUtf8());
     std::FILE *quiet = std::fopen("/dev/null", "w");
-    ServerLog::setOutput(quiet);
+    AppLog::setOutput(quiet);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
-    ServerLog::setOutput(stdout);
+    AppLog::setOutput(stdout);
     std::fclose(quiet);
     return 0;
 }

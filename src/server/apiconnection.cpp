@@ -1,8 +1,8 @@
 #include "apiconnection.h"
 
+#include "applog.h"
 #include "loginresponse.h"
 #include "mapper.h"
-#include "serverlog.h"
 #include "userdefaults.h"
 
 #include <QNetworkAccessManager>
@@ -118,7 +118,7 @@ void ApiConnection::run(const std::shared_ptr<Pending> &pending)
     }
     const ApiCall &outgoing = pending->call;
     if (!outgoing.requestLog.isEmpty())
-        ServerLog::print(outgoing.requestLog + Mapper::print(outgoing.body, false));
+        AppLog::print(outgoing.requestLog + Mapper::print(outgoing.body, false));
     QNetworkRequest request(QUrl(endpointUrl(outgoing.endpoint)));
     request.setTransferTimeout(requestTimeoutMs);
     for (auto it = headers.cbegin(); it != headers.cend(); ++it)
@@ -126,7 +126,7 @@ void ApiConnection::run(const std::shared_ptr<Pending> &pending)
     post(request, outgoing.body, [this, pending](const Answer &answer) {
         const ApiCall &call = pending->call;
         if (!call.responseLog.isEmpty())
-            ServerLog::print(call.responseLog + answer.raw);
+            AppLog::print(call.responseLog + answer.raw);
         if (answer.error) {
             fail(*pending, *answer.error);
             return;
@@ -172,7 +172,7 @@ void ApiConnection::signIn(bool acceptRelated, std::function<void(const Answer &
     request.setTransferTimeout(QNetworkRequest::DefaultTransferTimeoutConstant);
     post(request, nlohmann::ordered_json::object(),
         [this, url, acceptRelated, then = std::move(then)](const Answer &answer) {
-            ServerLog::print(url + QStringLiteral(" response: ") + answer.raw);
+            AppLog::print(url + QStringLiteral(" response: ") + answer.raw);
             const std::optional<qint64> code = answer.envelope.code;
             const bool signedIn = !answer.error && (code == 200 || (acceptRelated && code == 427));
             if (signedIn) {
@@ -222,7 +222,7 @@ void ApiConnection::storeToken(const std::optional<QString> &token)
 
 void ApiConnection::fail(const Pending &pending, const ApiError &error)
 {
-    ServerLog::print(QStringLiteral("error: ") + error.localizedDescription);
+    AppLog::print(QStringLiteral("error: ") + error.localizedDescription);
     const std::optional<QJsonObject> entry = pending.call.cached ? pending.call.cached() : std::nullopt;
     if (entry)
         pending.complete(entry, std::nullopt, true);

@@ -1,6 +1,6 @@
 #include "responsecache.h"
 
-#include "serverlog.h"
+#include "applog.h"
 #include "userdefaults.h"
 
 #include <QJsonDocument>
@@ -23,6 +23,6 @@ std::optional<QJsonObject> ResponseCache::load(const QString &key, const QString
 {
     std::optional<QJsonObject> entry = UserDefaults::standard().dictionary(key);
     if (entry && !logText.isEmpty())
-        ServerLog::print(logText + QString::fromUtf8(QJsonDocument(*entry).toJson(QJsonDocument::Compact)));
+        AppLog::print(logText + QString::fromUtf8(QJsonDocument(*entry).toJson(QJsonDocument::Compact)));
     return entry;
 }

@@ -1,8 +1,8 @@
+#include "applog.h"
 #include "catalogserver.h"
 #include "mapper.h"
 #include "reachability.h"
 #include "serverclient.h"
-#include "serverlog.h"
 #include "testhome.h"
 #include "userdefaults.h"
 
@@ -357,12 +357,12 @@ TEST_F(ServerClientTest, LibraryConnectionsKeepTheirOwnToken)
 TEST_F(ServerClientTest, CallsAreLoggedWithTheirFixedTexts)
 {
     std::FILE *capture = std::tmpfile();
-    ServerLog::setOutput(capture);
+    AppLog::setOutput(capture);
     CompletionLog log;
     client.getTemplateWithCatalogs(47, 102, 1, 20, nullptr, log.completion());
     const bool done = log.waitForOne();
     EXPECT_TRUE(client.cachedTemplateWithCatalogs(47, 102, 1));
-    ServerLog::setOutput(stdout);
+    AppLog::setOutput(stdout);
     ASSERT_TRUE(done);
     std::rewind(capture);
     QFile file;

@@ -1,6 +1,7 @@
 // quillet-tool api: one call of the main content API through the application's own client.
 #include "toolcommand.h"
 
+#include "applog.h"
 #include "apppaths.h"
 #include "catalogimagesrequest.h"
 #include "getjsonrequest.h"
@@ -10,7 +11,6 @@
 #include "photorequest.h"
 #include "reachability.h"
 #include "serverclient.h"
-#include "serverlog.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
@@ -160,8 +160,6 @@ int run(const QStringList &args)
     if (qEnvironmentVariableIsEmpty("QUILLET_HOME"))
         qputenv("QUILLET_HOME", freshHome.path().toUtf8());
     AppPaths::ensureCreated();
-    // Standard output carries the result alone.
-    ServerLog::setOutput(stderr);
 
     QNetworkAccessManager network;
     ServerClient client(&network, ServerClient::apiBase(server));

@@ -11,7 +11,6 @@
 #include "qffontpicker.h"
 #include "reachability.h"
 #include "serverclient.h"
-#include "serverlog.h"
 #include "showimagesample.h"
 #include "storyboard.h"
 #include "templatedataresponse.h"
@@ -96,9 +95,6 @@ int run(const QStringList &args)
     if (qEnvironmentVariableIsEmpty("QUILLET_HOME"))
         qputenv("QUILLET_HOME", freshHome.path().toUtf8());
     AppPaths::ensureCreated();
-    // Standard output carries the document alone.
-    ServerLog::setOutput(stderr);
-    AppLog::setOutput(stderr);
 
     QNetworkAccessManager network;
     const QUrl apiBase = ServerClient::apiBase(server);

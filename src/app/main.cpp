@@ -6,6 +6,7 @@
 #include "assetimageprovider.h"
 #include "contentserver.h"
 #include "editimageportraitmode.h"
+#include "editvideoportraitmode.h"
 #include "fontpickerscreens.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
@@ -59,8 +60,9 @@ void registerScreens(Storyboard &storyboard)
             return screen;
         });
     storyboard.registerScreen<HomeVC>(QStringLiteral("HomeVC"), QUrl(views + QStringLiteral("HomeVCView.qml")));
-    storyboard.registerScreen<EditImagePortraitMode>(
-        QStringLiteral("EditImagePortraitMode"), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
+    const QUrl editorView(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml"));
+    storyboard.registerScreen<EditImagePortraitMode>(QStringLiteral("EditImagePortraitMode"), editorView);
+    storyboard.registerScreen<EditVideoPortraitMode>(QStringLiteral("EditVideoPortraitMode"), editorView);
 }
 
 // --open FILE: the design in an editor over the home screen, without the launch animation.

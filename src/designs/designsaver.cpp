@@ -28,17 +28,18 @@ bool DesignSaver::saveFinal(Json &document, const QString &sampleImage, const QS
     return store(document);
 }
 
-bool DesignSaver::store(const Json &document)
+bool DesignSaver::store(Json &document)
 {
+    // A stored design is read as a document only when it has the key "sample_image"; without it the
+    // reader takes the older form and the layers are lost.
+    if (!document.sample_image)
+        document.sample_image = QString();
     const std::optional<QString> jsonString = Mapper::toJSONString(document, true);
     if (!jsonString)
         return false;
-    if (m_objectId) {
-        m_store.saveDesign(*jsonString, m_objectId, document.is_Video);
-        return true;
-    }
-    // The newest row is the one just inserted.
-    m_store.saveDesign(*jsonString, std::nullopt, document.is_Video);
-    m_objectId = m_store.lastDesignObjectID();
+    // The id of the row written, never the newest row of the store: after a failed insert that row is
+    // another design's, and the next save would overwrite it.
+    if (std::optional<ObjectId> written = m_store.saveDesign(*jsonString, m_objectId, document.is_Video))
+        m_objectId = std::move(written);
     return true;
 }

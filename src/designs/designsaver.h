@@ -31,13 +31,13 @@ public:
     bool saveFinal(Json &document, const QString &sampleImage, const QString &thumbnailImage,
         RecordList<StickerJson> stickersInStackingOrder);
 
-    /**
-     * Stores the document as it stands. False, with the store untouched, when no JSON text can be
-     * made of it.
-     */
-    bool store(const Json &document);
-
 private:
+    /**
+     * Stores the document, with an empty "sample_image" when it has none. False, with the store
+     * untouched, when no JSON text can be made of it.
+     */
+    bool store(Json &document);
+
     DesignStore &m_store;
     std::optional<ObjectId> m_objectId;
 };

@@ -1,13 +1,12 @@
 #include "previewwriter.h"
 
+#include "applog.h"
 #include "apppaths.h"
 #include "timestamp.h"
 
 #include <QBuffer>
 #include <QRegularExpression>
 #include <QSaveFile>
-
-#include <cstdio>
 
 QString PreviewWriter::suffixFor(const QImage &picture)
 {
@@ -33,13 +32,11 @@ QString PreviewWriter::write(const QImage &picture)
 
     QString name = secondsSince1970Text();
     name.remove(QRegularExpression(QStringLiteral("[^0-9]")));
-    std::printf("dateString: %s\n", qPrintable(name));
-    std::fflush(stdout);
+    AppLog::print(QStringLiteral("dateString: ") + name);
 
     QSaveFile file(AppPaths::documents() + QLatin1Char('/') + name + suffix);
     if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
-        std::fprintf(stderr, "Could not write the preview %s: %s\n", qPrintable(file.fileName()),
-            qPrintable(file.errorString()));
+        AppLog::print(QStringLiteral("Could not write the preview %1: %2").arg(file.fileName(), file.errorString()));
         return {};
     }
     return name + suffix;

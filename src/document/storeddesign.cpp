@@ -12,8 +12,8 @@ std::shared_ptr<Json> readStoredDesign(const nlohmann::ordered_json &dictionary)
 {
     static const nlohmann::ordered_json empty = nlohmann::ordered_json::object();
     const nlohmann::ordered_json &object = dictionary.is_object() ? dictionary : empty;
-    const auto sample = object.find("sample_image");
-    if (sample != object.end() && sample->is_string())
+    // The key alone tells the forms apart: an empty or null preview still makes a document.
+    if (object.contains("sample_image"))
         return Mapper::map<Json>(object);
     return Mapper::map<ReEditJson>(object)->toDocument();
 }

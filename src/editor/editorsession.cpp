@@ -6,8 +6,10 @@
 #include "apppaths.h"
 #include "backgroundimageview.h"
 #include "borderedresizableimageview.h"
+#include "canvasrenderer.h"
 #include "designsaver.h"
 #include "designstore.h"
+#include "gobackdelegate.h"
 #include "hexcolor.h"
 #include "imagecache.h"
 #include "layerview.h"
@@ -15,6 +17,7 @@
 #include "navigationcontroller.h"
 #include "picturefile.h"
 #include "picturesource.h"
+#include "previewwriter.h"
 #include "resizableimageview.h"
 #include "resizableview.h"
 #include "staticresizableimageview.h"
@@ -23,9 +26,12 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
+#include <QFutureWatcher>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QUrl>
+#include <QtConcurrent/QtConcurrentRun>
 #include <QtMath>
 
 #include <algorithm>
@@ -109,6 +115,7 @@ EditorSession::EditorSession(const char *className, QObject *parent)
 
 EditorSession::~EditorSession()
 {
+    m_previewWrite.waitForFinished();
     AppLog::print(m_className + QStringLiteral(" is being dismissed"));
 }
 
@@ -165,11 +172,29 @@ void EditorSession::openDocument()
     } else if (reEditJson) {
         loadReEdit(reEditJson);
     } else {
-        masterJson = std::make_shared<Json>();
-        usePictureAsBackground(croppedImage);
-        fitCanvas(croppedImage.isNull() ? std::nullopt : std::optional<double>(croppedImage.width()),
-            croppedImage.isNull() ? std::nullopt : std::optional<double>(croppedImage.height()));
+        loadReEdit(documentForPicture(croppedImage));
     }
+}
+
+std::shared_ptr<Json> EditorSession::documentForPicture(const QImage &picture)
+{
+    auto document = std::make_shared<Json>();
+    document->text_json.emplace();
+    document->sticker_json.emplace();
+    document->image_sticker_json.emplace();
+    document->frame_image_sticker_json.emplace();
+    document->frame_json = std::make_shared<FrameJson>();
+    if (picture.isNull())
+        return document;
+    document->width = picture.width();
+    document->height = picture.height();
+    document->is_portrait = picture.width() <= picture.height();
+    // The picture lives in a file of the design, so that a stored design shows it again.
+    const QString file = PictureFile::write(picture);
+    document->background_json = std::make_shared<BackgroundJson>();
+    document->background_json->background_image = file;
+    document->sample_image = file;
+    return document;
 }
 
 void EditorSession::fail(const QString &message)
@@ -293,6 +318,8 @@ bool EditorSession::loadTemplate(const std::shared_ptr<Json> &document)
     loadFrame(false);
     loadStickers(false);
     loadTexts(false);
+    if (isCreateOwn)
+        document->sample_image = PreviewWriter::write(render(false));
     startUndoHistory();
     if (document->is_offline.value_or(false) && nonEmpty(document->sample_image)) {
         const QString file = PictureFile::write(AppAssets::image(*document->sample_image));
@@ -370,7 +397,7 @@ void EditorSession::loadSlots(bool reEdit)
         }
     }
     imageLimit = 0;
-    if (masterJson->frame_image_sticker_json) {
+    if (hasOutlinedSlots() && masterJson->frame_image_sticker_json) {
         for (const auto &record : *masterJson->frame_image_sticker_json) {
             if (!record)
                 continue;
@@ -559,11 +586,17 @@ BorderedResizableImageView *EditorSession::addFrameImageSticker(
     return slot;
 }
 
-void EditorSession::requestLeave()
+AlertModel *EditorSession::leaveConfirmation()
 {
     auto *alert = new AlertModel(tr("Confirm"), tr("Are you sure?"));
     alert->addAction(tr("NO"), AlertModel::Style::Cancel);
     alert->addAction(tr("YES"), AlertModel::Style::Default, [this] { leave(); });
+    return alert;
+}
+
+void EditorSession::requestLeave()
+{
+    AlertModel *alert = leaveConfirmation();
     if (NavigationController *navigation = navigationController())
         navigation->presentAlert(alert);
     else
@@ -572,8 +605,103 @@ void EditorSession::requestLeave()
 
 void EditorSession::leave()
 {
+    if (m_leaving)
+        return;
+    m_leaving = true;
+    if (!isChanges) {
+        finishLeaving(nullptr);
+        return;
+    }
+    QPointer<AlertModel> notice = new AlertModel(QString(), tr("Saving your design…"));
+    if (NavigationController *navigation = navigationController())
+        navigation->presentAlert(notice);
+    else
+        delete notice;
+    // The notice is painted and the selection gone before the canvas is drawn.
+    QTimer::singleShot(leaveNoticeMs, this, [this, notice] {
+        saveImg = render(false);
+        saveDesign(saveImg, [this, notice] {
+            if (GoBackDelegate *delegate = GoBackDelegate::shared())
+                delegate->goBack();
+            finishLeaving(notice);
+        });
+    });
+}
+
+void EditorSession::finishLeaving(const QPointer<AlertModel> &notice)
+{
+    if (notice)
+        notice->close();
+    Q_EMIT didLeave();
     if (NavigationController *navigation = navigationController())
         navigation->pop();
+}
+
+QImage EditorSession::render(bool isHD)
+{
+    deselectAll(false);
+    // Empty outlined slots show a placeholder that is no part of the design.
+    QList<View *> placeholders;
+    for (View *view : viewMain->subviews()) {
+        auto *outlined = qobject_cast<BorderedResizableImageView *>(view);
+        if (outlined && outlined->isNotImage() && !outlined->isHidden()) {
+            outlined->setHidden(true);
+            placeholders.append(outlined);
+        }
+    }
+    const int factor = isHD ? 2 : 1;
+    const QSize target(qRound(masterJson ? masterJson->width.value_or(0) * factor : 0),
+        qRound(masterJson ? masterJson->height.value_or(0) * factor : 0));
+    QImage picture = CanvasRenderer::renderImage(*viewMain, target);
+    for (View *view : std::as_const(placeholders))
+        view->setHidden(false);
+    return picture;
+}
+
+namespace {
+
+// The preview of a design in the lists: the rendered picture at a list cell's size.
+constexpr int thumbnailSide = 480;
+
+struct PreviewNames
+{
+    QString sample;
+    QString thumbnail;
+};
+
+PreviewNames writePreviews(const QImage &image)
+{
+    const QImage thumbnail = image.width() > thumbnailSide || image.height() > thumbnailSide
+        ? image.scaled(thumbnailSide, thumbnailSide, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+        : image;
+    return { PreviewWriter::write(image), PreviewWriter::write(thumbnail) };
+}
+
+} // namespace
+
+void EditorSession::saveDesign(const QImage &image, std::function<void()> done)
+{
+    auto *watcher = new QFutureWatcher<PreviewNames>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, done = std::move(done)] {
+        const PreviewNames names = watcher->result();
+        watcher->deleteLater();
+        if (masterJson) {
+            // The store carries the stickers in the order the user stacked them.
+            RecordList<StickerJson> stickers(std::in_place);
+            for (View *view : viewMain->subviews()) {
+                if (auto *sticker = qobject_cast<ResizableImageView *>(view); sticker && sticker->stickerJson)
+                    stickers->append(sticker->stickerJson);
+            }
+            DesignSaver saver(store(), objectId);
+            saver.saveFinal(*masterJson, names.sample, names.thumbnail, std::move(stickers));
+            objectId = saver.objectId();
+        }
+        if (done)
+            done();
+    });
+    auto write = QtConcurrent::run(writePreviews, image);
+    m_previewWrite = write;
+    watcher->setFuture(write);
 }
 
 // Recording. Records are shared with the document, so a replacement by `index` mostly finds the same
@@ -666,18 +794,23 @@ void EditorSession::setDesignStore(DesignStore *store)
     m_store = store;
 }
 
-void EditorSession::automaticSave()
+DesignStore &EditorSession::store()
 {
-    if (!masterJson)
-        return;
     if (!m_store) {
         m_ownStore = std::make_unique<DesignStore>();
         m_store = m_ownStore.get();
     }
-    DesignSaver saver(*m_store, objectId);
-    if (!saver.saveEdit(*masterJson))
+    return *m_store;
+}
+
+void EditorSession::automaticSave()
+{
+    if (!masterJson)
         return;
+    DesignSaver saver(store(), objectId);
+    saver.saveEdit(*masterJson);
     objectId = saver.objectId();
+    // An edit counts even when the store failed: leaving tries to store it again.
     setChanges(true);
 }
 

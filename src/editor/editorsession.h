@@ -10,6 +10,7 @@
 #include "undohistory.h"
 #include "viewcontroller.h"
 
+#include <QFuture>
 #include <QImage>
 #include <QPointer>
 #include <QRectF>
@@ -20,6 +21,7 @@
 #include <memory>
 #include <optional>
 
+class AlertModel;
 class BackgroundImageView;
 class BorderedResizableImageView;
 class DesignStore;
@@ -70,7 +72,7 @@ public:
     std::shared_ptr<Json> contentJson; // a template to load
     std::shared_ptr<Json> reEditJson; // a stored design to load
     std::optional<ObjectId> objectId; // the design's row in the store; empty until the first store write
-    bool isCreateOwn = false;
+    bool isCreateOwn = false; // opened from the custom-size screen: the load renders a preview first
     QImage croppedImage; // a bare picture to edit when neither document is set
 
     // The session.
@@ -110,6 +112,10 @@ public:
 
     /** The main screen's scale: template values are divided by it before they are fitted. */
     qreal screenScale = 1.0;
+    /** The rendered picture of the last save. */
+    QImage saveImg;
+    /** How long the blocking notice shows before a save on leaving draws the canvas. */
+    int leaveNoticeMs = 2000;
 
     // The canvas: viewContent is the work area; in it, back to front, mainView (the checker pattern
     // behind a transparent design) and viewMain (the design itself).
@@ -211,8 +217,24 @@ public:
     /** A row was dragged from one place to another: the two stickers swap places in the canvas. */
     Q_INVOKABLE void positionChanged(int currentIndex, int newIndex);
 
+    /**
+     * The canvas drawn at the design's own size (twice that for HD), without selection, handles or the
+     * placeholders of empty outlined slots; transparent where the design is. Null without a size.
+     */
+    QImage render(bool isHD);
+    /**
+     * The user's save: the picture and a smaller one are written as previews (off the GUI thread), then
+     * the document is stored without deltas, its stickers in stacking order, marked saved. `done` runs
+     * on the GUI thread once the design is stored.
+     */
+    void saveDesign(const QImage &image, std::function<void()> done = {});
+
     /** Back or close: asks "Are you sure?" first. */
     Q_INVOKABLE void requestLeave();
+    /** The confirmation that back and close show; its "YES" leaves, saving the design when it changed. */
+    [[nodiscard]] AlertModel *leaveConfirmation();
+    /** Whether the editor takes outlined slots; the video and landscape editors have none. */
+    [[nodiscard]] virtual bool hasOutlinedSlots() const { return true; }
 
     // Layer delegates.
     void stickerDidSelect(ResizableImageView *view) override;
@@ -247,9 +269,14 @@ Q_SIGNALS:
     void layersChanged();
     void undoStateChanged();
     void layersShownChanged();
+    /** The leaving path has ended: stored when there were changes, and popped. */
+    void didLeave();
 
 protected:
-    /** Pops the screen after the leaving confirmation; an editor with edits saves first. */
+    /**
+     * "YES" in the leaving confirmation: with changes, a blocking notice, the canvas drawn at scale 1,
+     * the user's save and the home shell's `goBackDelegate`; then the screen pops.
+     */
     virtual void leave();
 
 private:
@@ -263,6 +290,7 @@ private:
     /** Snapshot, step and automatic save: the end of every recorded step. */
     void finishStep();
     void automaticSave();
+    [[nodiscard]] DesignStore &store();
     void setChanges(bool changes);
     void performUndoOperation(UndoHistory::Operation operation, nlohmann::ordered_json content);
     template<class Layer, class Record>
@@ -286,6 +314,9 @@ private:
     void fail(const QString &message);
 
     void openDocument();
+    /** The document of a bare picture: its size, the picture as background and preview, no layers. */
+    [[nodiscard]] static std::shared_ptr<Json> documentForPicture(const QImage &picture);
+    void finishLeaving(const QPointer<AlertModel> &notice);
     const QString m_className;
     QString m_errorString;
     bool m_openPending = false;
@@ -295,4 +326,7 @@ private:
     LayerListModel *const m_layerItems;
     DesignStore *m_store = nullptr;
     std::unique_ptr<DesignStore> m_ownStore;
+    bool m_leaving = false;
+    /** Preview files being written; the session waits for them before it goes. */
+    QFuture<void> m_previewWrite;
 };

@@ -43,3 +43,8 @@ bool AlertModel::trigger(const QString &actionTitle)
     }
     return false;
 }
+
+void AlertModel::close()
+{
+    Q_EMIT finished();
+}

@@ -37,6 +37,8 @@ public:
 
     /** Presses the button with this title: the alert closes, then its handler runs. False if there is none. */
     Q_INVOKABLE bool trigger(const QString &actionTitle);
+    /** Closes the alert without an answer, as a blocking notice (an alert without buttons) ends. */
+    void close();
 
 Q_SIGNALS:
     /** The alert was answered and should disappear. */

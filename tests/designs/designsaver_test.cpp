@@ -1,6 +1,7 @@
 #include "designsaver.h"
 #include "mapper.h"
 #include "sampledocument.h"
+#include "sqlitedatabase.h"
 #include "storeddesign.h"
 #include "testhome.h"
 #include "tracecapture.h"
@@ -81,4 +82,36 @@ TEST(DesignSaver, ADocumentWithoutJsonTextLeavesTheStoreAlone)
     EXPECT_FALSE(saver.objectId());
     EXPECT_TRUE(store.allDesigns().isEmpty());
     EXPECT_TRUE(trace.text().isEmpty());
+}
+
+TEST(DesignSaver, AFailedInsertNeverAdoptsAnotherDesignsRow)
+{
+    TestHome home;
+    TraceCapture trace;
+    DesignStore store(DesignStore::defaultPath(), trace.file());
+    const auto other = store.saveDesign(QStringLiteral(R"({"sample_image": "other.png"})"), std::nullopt, false);
+    ASSERT_TRUE(other);
+    {
+        // The disk refuses new rows for a while.
+        SqliteDatabase db;
+        ASSERT_TRUE(db.open(DesignStore::defaultPath()));
+        ASSERT_TRUE(db.exec(QStringLiteral(
+            "CREATE TRIGGER refuse BEFORE INSERT ON SavePhoto BEGIN SELECT RAISE(ABORT, 'disk full'); END")));
+    }
+    DesignSaver saver(store);
+    auto mine = Mapper::map<Json>(QStringLiteral(R"({"sample_image": "mine.png", "json_id": 5})"));
+    saver.saveEdit(*mine);
+    EXPECT_FALSE(saver.objectId());
+    {
+        SqliteDatabase db;
+        ASSERT_TRUE(db.open(DesignStore::defaultPath()));
+        ASSERT_TRUE(db.exec(QStringLiteral("DROP TRIGGER refuse")));
+    }
+    saver.saveEdit(*mine);
+    ASSERT_TRUE(saver.objectId());
+    EXPECT_NE(*saver.objectId(), *other);
+    const QList<SavedDesign> designs = store.savedDesigns();
+    ASSERT_EQ(designs.size(), 2);
+    const SavedDesign &untouched = designs.first().row.objectID == *other ? designs.first() : designs.last();
+    EXPECT_EQ(untouched.document->sample_image, QStringLiteral("other.png"));
 }

@@ -50,12 +50,17 @@ TEST(StoredDesign, SizesOfZeroLeaveTheSizeAbsent)
     EXPECT_TRUE(json->background_json);
 }
 
-TEST(StoredDesign, ASampleImageThatIsNoTextMeansTheOlderForm)
+TEST(StoredDesign, TheKeySampleImageAloneMakesTheCurrentFormWhateverItsValue)
 {
-    const auto json = readStoredDesign(QStringLiteral(R"({"sample_image": null, "image": "x.png",
-                                                         "text_json": [{"text": "lost"}]})"));
-    EXPECT_EQ(json->sample_image, QStringLiteral("x.png"));
-    EXPECT_FALSE(json->text_json.has_value());
+    // A design stored before it had a preview keeps its layers.
+    for (const char *sample : { "null", "\"\"", "7" }) {
+        const auto json = readStoredDesign(QStringLiteral(R"({"sample_image": %1, "image": "x.png",
+                                                             "text_json": [{"text": "kept"}]})")
+                                               .arg(QLatin1String(sample)));
+        ASSERT_TRUE(json->text_json) << sample;
+        EXPECT_EQ(json->text_json->first()->text, QStringLiteral("kept"));
+        EXPECT_NE(json->sample_image, QStringLiteral("x.png"));
+    }
 }
 
 TEST(StoredDesign, UnreadableTextGivesAnEmptyDesign)

@@ -130,3 +130,27 @@ TEST(EditCommand, UnknownOpOrLayerFailsWithExitCodeOne)
         EXPECT_FALSE(run.errors.isEmpty());
     }
 }
+
+TEST(EditCommand, LeaveAnswersYesAndStoresTheSavedDesignOnlyAfterEdits)
+{
+    TestHome home;
+    const EditRun edited = edit(home, R"([{"op": "pan", "layer": "sticker:1", "dx": 5, "dy": 5}, {"op": "leave"}])");
+    ASSERT_EQ(edited.exitCode, 0) << edited.errors.toStdString();
+    EXPECT_EQ(edited.result["masterJson"]["is_editsaved"], true);
+    DesignStore store(DesignStore::defaultPath(), stderr);
+    const QList<SavePhoto> rows = store.allDesigns();
+    ASSERT_EQ(rows.size(), 1);
+    EXPECT_FALSE(rows.first().jsonString.contains(QStringLiteral("changed_")));
+    const auto stored = store.savedDesigns().first().document;
+    EXPECT_TRUE(stored->is_editsaved);
+    EXPECT_TRUE(QFile::exists(home.filePath(QStringLiteral("Documents/") + stored->sample_image.value_or("-"))));
+    EXPECT_TRUE(QFile::exists(home.filePath(QStringLiteral("Documents/") + stored->thumbnail_img.value_or("-"))));
+
+    TestHome untouched;
+    const EditRun left = edit(untouched, R"([{"op": "leave"}])");
+    ASSERT_EQ(left.exitCode, 0) << left.errors.toStdString();
+    EXPECT_TRUE(DesignStore(DesignStore::defaultPath(), stderr).allDesigns().isEmpty());
+
+    // Nothing follows the leaving.
+    EXPECT_EQ(edit(untouched, R"([{"op": "leave"}, {"op": "undo"}])").exitCode, 1);
+}

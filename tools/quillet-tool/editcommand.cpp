@@ -1,6 +1,7 @@
 // quillet-tool edit: a template opened in a headless editor, edited by a list of steps.
 #include "toolcommand.h"
 
+#include "alertmodel.h"
 #include "borderedresizableimageview.h"
 #include "designstore.h"
 #include "editimageportraitmode.h"
@@ -10,12 +11,14 @@
 #include "resizableview.h"
 #include "staticresizableimageview.h"
 
+#include <QEventLoop>
 #include <QFile>
 #include <QImage>
 #include <QRegularExpression>
 #include <QtMath>
 
 #include <cstdio>
+#include <memory>
 #include <optional>
 
 namespace {
@@ -75,6 +78,8 @@ public:
 
     void run(const ordered_json &step)
     {
+        if (m_left)
+            throw StepError { QStringLiteral("the editor has been left; \"leave\" is the last step") };
         const QString op = text(step, "op");
         if (op != QLatin1String("reorder") && m_session.layersShown())
             m_session.toggleLayers(); // the panel covers the editor; any other edit happens without it
@@ -100,6 +105,8 @@ public:
             m_session.undo();
         else if (op == QLatin1String("redo"))
             m_session.redo();
+        else if (op == QLatin1String("leave"))
+            leave();
         else
             throw StepError { QStringLiteral("unknown op \"%1\"").arg(op) };
     }
@@ -244,7 +251,22 @@ private:
         m_session.positionChanged(static_cast<int>(from), static_cast<int>(to));
     }
 
+    // Back, then "YES" in the confirmation: the screen's own leaving path, waited for to its end.
+    void leave()
+    {
+        QEventLoop loop;
+        QObject::connect(&m_session, &EditorSession::didLeave, &loop, [this, &loop] {
+            m_left = true;
+            loop.quit();
+        });
+        const std::unique_ptr<AlertModel> confirmation(m_session.leaveConfirmation());
+        confirmation->trigger(QStringLiteral("YES"));
+        if (!m_left)
+            loop.exec();
+    }
+
     EditImagePortraitMode &m_session;
+    bool m_left = false;
 };
 
 std::optional<ordered_json> readJson(const QString &path, QString *error)

@@ -1,7 +1,6 @@
 // quillet-tool render: a design drawn as the SAVE button draws it.
 #include "toolcommand.h"
 
-#include "canvasrenderer.h"
 #include "editimageportraitmode.h"
 #include "mapper.h"
 #include "storeddesign.h"
@@ -89,17 +88,11 @@ int render(const QStringList &args)
     if (!loaded)
         return toolFail(session.errorString());
 
-    // The design's own size, doubled for HD; the selection is never part of the picture.
-    session.deselectAll(false);
-    const int factor = options->hd ? 2 : 1;
-    const QSize target(qRound(session.masterJson->width.value_or(0) * factor),
-        qRound(session.masterJson->height.value_or(0) * factor));
-    if (target.isEmpty())
+    if (session.masterJson->width.value_or(0) <= 0 || session.masterJson->height.value_or(0) <= 0)
         return toolFail(QStringLiteral("%1 has no width and height to render at").arg(options->path));
-    const QImage picture = CanvasRenderer::renderImage(*session.viewMain, target);
+    const QImage picture = session.render(options->hd);
     if (picture.isNull())
-        return toolFail(
-            QStringLiteral("the canvas could not be drawn at %1x%2").arg(target.width()).arg(target.height()));
+        return toolFail(QStringLiteral("the canvas could not be drawn at the design's size"));
 
     QSaveFile out(options->output);
     if (!out.open(QIODevice::WriteOnly) || !picture.save(&out, "PNG") || !out.commit())

@@ -1,6 +1,7 @@
 #include "showbgvideosamplevc.h"
 
 #include "applog.h"
+#include "editorsession.h"
 #include "navigationcontroller.h"
 #include "videocache.h"
 
@@ -39,8 +40,7 @@ void ShowBGVideoSampleVC::open()
     if (isCreateOwn) {
         contentJson = resultJson;
         deviceOrientation = orientationFor(*resultJson);
-        pushEditor(
-            QStringLiteral("EditVideoPortraitMode"), [](QObject *editor) { editor->setProperty("isCreateOwn", true); });
+        pushEditor(QStringLiteral("EditVideoPortraitMode"), [](EditorSession &editor) { editor.isCreateOwn = true; });
         return;
     }
     // Reached from an open video editor: it sits three places from the top, below its pickers.

@@ -75,7 +75,9 @@ void ShowVideoSample::finish()
 
 void ShowVideoSample::open()
 {
-    contentJson->is_Video = true;
+    // A stored design opened again comes as reEditJson alone.
+    if (contentJson)
+        contentJson->is_Video = true;
     setTitle(QString());
     pushEditor(QStringLiteral("EditVideoPortraitMode"));
 }

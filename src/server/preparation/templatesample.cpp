@@ -360,7 +360,8 @@ void TemplateSample::checkSavedFonts()
     setState(State::Ready);
 }
 
-bool TemplateSample::pushEditor(const QString &identifier, const std::function<void(QObject *editor)> &prepareEditor)
+bool TemplateSample::pushEditor(
+    const QString &identifier, const std::function<void(EditorSession &editor)> &prepareEditor)
 {
     NavigationController *stack = navigationController();
     ViewController *screen = m_storyboard ? m_storyboard->instantiate(identifier) : nullptr;
@@ -374,7 +375,7 @@ bool TemplateSample::pushEditor(const QString &identifier, const std::function<v
     editor->reEditJson = reEditJson;
     editor->objectId = objectId;
     if (prepareEditor)
-        prepareEditor(editor);
+        prepareEditor(*editor);
     stack->push(editor);
     return true;
 }

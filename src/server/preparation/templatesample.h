@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 
+class EditorSession;
 class QFFontpicker;
 class ServerClient;
 class Storyboard;
@@ -109,7 +110,7 @@ protected:
      */
     void preload(const QStringList &names, std::function<void()> allLoaded);
     /** Pushes the editor of that identifier with the prepared documents; false when none is registered. */
-    bool pushEditor(const QString &identifier, const std::function<void(QObject *editor)> &prepareEditor = {});
+    bool pushEditor(const QString &identifier, const std::function<void(EditorSession &editor)> &prepareEditor = {});
 
     QPointer<ServerClient> m_client;
     QPointer<QFFontpicker> m_fontpicker;

@@ -1,7 +1,9 @@
 // Template preparation against the real content server: the road from a card to a document, its
 // fonts, its pictures, its failures, and the cache it falls back on.
 #include "alertmodel.h"
+#include "designstore.h"
 #include "editimageportraitmode.h"
+#include "editvideoportraitmode.h"
 #include "extendedpack.h"
 #include "fontlist.h"
 #include "imagecache.h"
@@ -11,9 +13,12 @@
 #include "preparationscreens.h"
 #include "qffontpicker.h"
 #include "reachability.h"
+#include "resizableview.h"
 #include "serverclient.h"
+#include "showbgvideosamplevc.h"
 #include "showimagesample.h"
 #include "showvideosample.h"
+#include "storeddesign.h"
 #include "storyboard.h"
 #include "testhome.h"
 #include "videocache.h"
@@ -75,8 +80,9 @@ struct App
     {
         fontpicker.start();
         PreparationScreens::registerScreens(storyboard, &client, &fontpicker);
-        storyboard.registerScreen<EditImagePortraitMode>(
-            QStringLiteral("EditImagePortraitMode"), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
+        const QUrl editorView(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml"));
+        storyboard.registerScreen<EditImagePortraitMode>(QStringLiteral("EditImagePortraitMode"), editorView);
+        storyboard.registerScreen<EditVideoPortraitMode>(QStringLiteral("EditVideoPortraitMode"), editorView);
         navigation.setRoot(new ViewController());
     }
 
@@ -327,8 +333,68 @@ TEST_F(Preparation, VideoGoesThroughTheVideoCacheAndIsUsedOfflineOnceCached)
     ASSERT_EQ(offline->state(), State::Ready);
     EXPECT_EQ(offline->contentJson->background_json->background_image, video.toString());
 
-    offline->editClicked(); // no video editor is registered here: the screen stays
-    EXPECT_EQ(app.navigation.topViewController(), offline);
+    offline->editClicked();
+    EXPECT_EQ(app.navigation.topIdentifier(), QStringLiteral("EditVideoPortraitMode"));
+}
+
+// The texts on the canvas of an editor that has been given its work area.
+int textLayers(EditorSession &editor)
+{
+    editor.setWorkAreaSize(390, 670);
+    int texts = 0;
+    for (View *view : editor.viewMain->subviews())
+        texts += qobject_cast<ResizableView *>(view) != nullptr;
+    return texts;
+}
+
+TEST_F(Preparation, AStockVideoMakesANewVideoDesignThatReopensWithItsLayers)
+{
+    ASSERT_TRUE(pack.start());
+    App app(pack.apiBase());
+    auto *screen
+        = static_cast<ShowBGVideoSampleVC *>(app.storyboard.instantiate(QStringLiteral("ShowBGVideoSampleVC")));
+    screen->isCreateOwn = true;
+    screen->resultJson = Mapper::map<Json>(nlohmann::ordered_json { { "width", 540.0 }, { "height", 960.0 },
+        { "video_file", (pack.contentBase() + QStringLiteral("video/story_0.mp4")).toStdString() } });
+    app.navigation.push(screen, false);
+    ASSERT_TRUE(App::settle(screen));
+    ASSERT_EQ(screen->state(), State::Ready);
+    screen->editClicked();
+    auto *editor = qobject_cast<EditVideoPortraitMode *>(app.navigation.topViewController());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_TRUE(editor->isCreateOwn);
+    EXPECT_EQ(textLayers(*editor), 0);
+    ASSERT_TRUE(editor->masterJson->sample_image);
+    EXPECT_FALSE(editor->masterJson->sample_image->isEmpty()); // a preview drawn at the load
+
+    editor->addNewText(QStringLiteral("Over the video"), QStringLiteral("Montserrat-Bold"), std::nullopt);
+    DesignStore store(DesignStore::defaultPath(), stderr);
+    const QList<SavedDesign> designs = store.savedDesigns();
+    ASSERT_EQ(designs.size(), 1);
+    EXPECT_TRUE(designs.first().row.is_video);
+    ASSERT_TRUE(designs.first().document->text_json);
+    EXPECT_EQ(designs.first().document->text_json->size(), 1);
+}
+
+TEST_F(Preparation, AStoredVideoDesignOpensAgainInTheVideoEditor)
+{
+    ASSERT_TRUE(pack.start());
+    App app(pack.apiBase());
+    nlohmann::json json = document(1001, { text("LobsterTwo-BoldItalic") });
+    json["is_Video"] = true;
+    DesignStore store(DesignStore::defaultPath(), stderr);
+    const auto row = store.saveDesign(QString::fromStdString(json.dump()), std::nullopt, true);
+    auto *screen = static_cast<ShowVideoSample *>(app.storyboard.instantiate(QStringLiteral("ShowVideoSample")));
+    screen->reEditJson = readStoredDesign(store.allDesigns().first().jsonString);
+    screen->objectId = row;
+    app.navigation.push(screen, false);
+    ASSERT_EQ(screen->state(), State::Ready);
+    screen->editClicked();
+    auto *editor = qobject_cast<EditVideoPortraitMode *>(app.navigation.topViewController());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->reEditJson, screen->reEditJson);
+    EXPECT_EQ(editor->objectId, row);
+    EXPECT_EQ(textLayers(*editor), 1);
 }
 
 TEST_F(Preparation, SavedDesignWithALostFontOpensWithTheDefaultFontAndAReport)

@@ -1,0 +1,5 @@
+#include "editvideoportraitmode.h"
+
+EditVideoPortraitMode::EditVideoPortraitMode(QObject *parent)
+    : EditorSession("EditVideoPortraitMode", parent)
+{ }

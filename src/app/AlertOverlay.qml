@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** Draws the alert of the moment: a dimmed screen with a card of title, message and buttons. */
 Item {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import Qt.labs.lottieqt
+import Quillet.Ui
 
 /** The launch screen: four columns of designs drift by while the logo animates once. */
 Page {

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** The home screen: the title bar and the four design tabs. */
 Page {
@@ -23,13 +24,12 @@ Page {
             anchors.rightMargin: Theme.margin
             spacing: Theme.spacing
 
-            Column {
+            AssetIcon {
                 objectName: "menuButton"
-                spacing: 4
-                Repeater {
-                    model: 3
-                    delegate: Rectangle { width: 20; height: 2; radius: 1; color: Theme.textOnAccent }
-                }
+                asset: "ic_menu"
+                color: Theme.textOnAccent
+                Layout.preferredWidth: Theme.iconSize
+                Layout.preferredHeight: Theme.iconSize
             }
             Label {
                 Layout.fillWidth: true
@@ -40,22 +40,12 @@ Page {
                 font.pixelSize: Theme.fontTitle + 2
                 horizontalAlignment: Text.AlignHCenter
             }
-            Rectangle {
-                width: 30
-                height: 30
-                radius: 15
-                color: "transparent"
-                border.color: Theme.textOnAccent
-                border.width: 2
-                Rectangle {
-                    width: 9
-                    height: 2
-                    radius: 1
-                    color: Theme.textOnAccent
-                    rotation: 45
-                    x: 20
-                    y: 24
-                }
+            AssetIcon {
+                objectName: "searchButton"
+                asset: "ic_search"
+                color: Theme.textOnAccent
+                Layout.preferredWidth: Theme.iconSize
+                Layout.preferredHeight: Theme.iconSize
             }
         }
 

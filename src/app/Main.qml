@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Window
+import Quillet.Ui
 
 /** The one window: the navigation stack of screens, and the alert of the moment over it. */
 ApplicationWindow {

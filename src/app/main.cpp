@@ -40,6 +40,7 @@ Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_FontpickerPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_PreparationPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
 
 namespace {
 
@@ -82,6 +83,21 @@ bool openDesign(const QString &path, const Storyboard &storyboard, NavigationCon
     auto *editor = static_cast<EditorSession *>(storyboard.instantiate(QStringLiteral("EditImagePortraitMode")));
     editor->contentJson = document;
     navigation.push(editor, false);
+    return true;
+}
+
+// --show IDENTIFIER: that screen over the home screen (or over the design of --open), as if pushed there.
+bool showScreen(
+    const QString &identifier, bool overDesign, const Storyboard &storyboard, NavigationController &navigation)
+{
+    ViewController *screen = storyboard.instantiate(identifier);
+    if (!screen) {
+        qCritical().noquote() << "no screen named" << identifier;
+        return false;
+    }
+    if (!overDesign)
+        navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
+    navigation.push(screen, false);
     return true;
 }
 
@@ -146,6 +162,8 @@ int main(int argc, char **argv)
     parser.addOption({ QStringLiteral("server"), QStringLiteral("Content server address."), QStringLiteral("url") });
     parser.addOption(
         { QStringLiteral("open"), QStringLiteral("Open a design file in the editor."), QStringLiteral("file") });
+    parser.addOption({ QStringLiteral("show"), QStringLiteral("Show the screen of that storyboard identifier."),
+        QStringLiteral("identifier") });
     parser.addOption({ QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window, then quit."),
         QStringLiteral("png") });
     parser.addOption({ QStringLiteral("screenshot-delay"), QStringLiteral("Milliseconds before the screenshot."),
@@ -194,6 +212,10 @@ int main(int argc, char **argv)
     delegate.didFinishLaunching();
     if (parser.isSet(QStringLiteral("open"))
         && !openDesign(parser.value(QStringLiteral("open")), storyboard, navigation))
+        return 1;
+    if (parser.isSet(QStringLiteral("show"))
+        && !showScreen(
+            parser.value(QStringLiteral("show")), parser.isSet(QStringLiteral("open")), storyboard, navigation))
         return 1;
     if (parser.isSet(QStringLiteral("screenshot"))) {
         auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());

@@ -3,39 +3,66 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import Quillet.Editor
 import Quillet.Editor.Layers
+import Quillet.Ui
 
 /** The editor screen shared by the editors: the bar, the fitted canvas with its layers, and the tool bar. */
 Page {
     id: root
     required property var vc
-    readonly property real barHeight: 56
 
-    background: Rectangle { color: "#EFEAEC" }
+    background: Rectangle { color: Theme.workspace }
 
     header: Rectangle {
-        height: root.barHeight
-        color: "#E05863"
+        height: Theme.barHeight
+        color: Theme.accent
         RowLayout {
             anchors.fill: parent
-            anchors.leftMargin: 12
-            anchors.rightMargin: 12
-            ToolButton {
+            anchors.leftMargin: Theme.spacing / 2
+            anchors.rightMargin: Theme.spacing / 2
+            spacing: 0
+            IconButton {
                 objectName: "backButton"
-                text: "\u2039"
-                font.pixelSize: 30
-                palette.buttonText: "white"
+                asset: "ic_back"
+                color: Theme.textOnAccent
                 onClicked: root.vc.requestLeave()
             }
             Label {
                 Layout.fillWidth: true
                 text: qsTr("Edit")
-                color: "white"
-                font.family: "Rubik"
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
                 font.weight: Font.Medium
-                font.pixelSize: 18
-                horizontalAlignment: Text.AlignHCenter
+                font.pixelSize: Theme.fontTitle
+                elide: Text.ElideRight
             }
-            Item { width: 40; height: 1 }
+            IconButton {
+                objectName: "duplicateButton"
+                asset: "menu_duplicate"
+                color: Theme.textOnAccent
+                enabled: root.vc.canDuplicate
+                onClicked: root.vc.duplicateClicked()
+            }
+            IconButton {
+                objectName: "layerButton"
+                asset: "ic_layer"
+                color: Theme.textOnAccent
+                enabled: root.vc.canShowLayers
+                onClicked: root.vc.toggleLayers()
+            }
+            IconButton {
+                objectName: "undoButton"
+                asset: "undo"
+                color: Theme.textOnAccent
+                enabled: root.vc.canUndo
+                onClicked: root.vc.undo()
+            }
+            IconButton {
+                objectName: "redoButton"
+                asset: "redo"
+                color: Theme.textOnAccent
+                enabled: root.vc.canRedo
+                onClicked: root.vc.redo()
+            }
         }
     }
 
@@ -43,7 +70,7 @@ Page {
         id: workArea
         objectName: "workArea"
         anchors.fill: parent
-        anchors.bottomMargin: 72
+        anchors.bottomMargin: Theme.toolBarHeight
         onWidthChanged: root.vc.setWorkAreaSize(width, height)
         onHeightChanged: root.vc.setWorkAreaSize(width, height)
 
@@ -78,40 +105,17 @@ Page {
     }
 
     footer: Rectangle {
-        height: 72
-        color: "white"
-        RowLayout {
+        height: Theme.toolBarHeight
+        color: Theme.surface
+        Label {
             anchors.fill: parent
-            anchors.leftMargin: 12
-            anchors.rightMargin: 12
-            Label {
-                Layout.fillWidth: true
-                text: qsTr("Tap a layer to edit it")
-                color: "#857A7E"
-                font.family: "Montserrat"
-                font.pixelSize: 13
-            }
-            ToolButton {
-                objectName: "undoButton"
-                text: "\u21B6"
-                font.pixelSize: 24
-                enabled: root.vc.canUndo
-                onClicked: root.vc.undo()
-            }
-            ToolButton {
-                objectName: "redoButton"
-                text: "\u21B7"
-                font.pixelSize: 24
-                enabled: root.vc.canRedo
-                onClicked: root.vc.redo()
-            }
-            ToolButton {
-                objectName: "layerButton"
-                text: qsTr("Layers")
-                font.family: "Montserrat"
-                enabled: root.vc.canShowLayers
-                onClicked: root.vc.toggleLayers()
-            }
+            anchors.leftMargin: Theme.margin
+            anchors.rightMargin: Theme.margin
+            verticalAlignment: Text.AlignVCenter
+            text: qsTr("Tap a layer to edit it")
+            color: Theme.textMuted
+            font.family: Theme.bodyFont
+            font.pixelSize: Theme.fontBody
         }
     }
 }

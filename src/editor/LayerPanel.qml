@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import Quillet.Ui
 
 /**
  * The layer panel over the canvas: the stickers, topmost first. Press and hold a row, then drag it
@@ -10,7 +11,7 @@ Rectangle {
     required property var vc
     readonly property real rowHeight: 76
 
-    color: Qt.rgba(0, 0, 0, 0.5)
+    color: Theme.scrim
     visible: vc.layersShown
 
     // While the panel shows, the editor below gets no touches.
@@ -20,8 +21,8 @@ Rectangle {
         id: rows
         objectName: "layerTableView"
         anchors.fill: parent
-        anchors.topMargin: 12
-        anchors.bottomMargin: 56
+        anchors.topMargin: Theme.spacing * 1.5
+        anchors.bottomMargin: Theme.barHeight
         clip: true
         model: panel.vc.layerModel
         interactive: dragRow < 0
@@ -37,12 +38,12 @@ Rectangle {
             Rectangle {
                 id: containerView
                 anchors.fill: parent
-                anchors.margins: 6
-                radius: 6
-                color: rows.dragRow === row.index ? "#E05863" : Qt.rgba(1, 1, 1, 0.15)
+                anchors.margins: Theme.spacing * 0.75
+                radius: Theme.spacing * 0.75
+                color: rows.dragRow === row.index ? Theme.accent : Theme.rowOnScrim
                 Image {
                     anchors.fill: parent
-                    anchors.margins: 4
+                    anchors.margins: Theme.spacing / 2
                     fillMode: Image.PreserveAspectFit
                     source: row.thumbnail
                     asynchronous: false
@@ -70,14 +71,13 @@ Rectangle {
         }
     }
 
-    ToolButton {
+    IconButton {
         objectName: "btnClose"
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 8
-        text: "\u2715"
-        font.pixelSize: 22
-        palette.buttonText: "white"
+        anchors.bottomMargin: Theme.spacing
+        asset: "ic_cancel_white"
+        color: Theme.textOnAccent
         onClicked: panel.vc.toggleLayers()
     }
 }

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** "Fonts": four tabs over their pages, and the "How to ?" item. */
 Page {
@@ -9,24 +10,32 @@ Page {
     required property var vc
 
     title: root.vc.title
+    background: Rectangle { color: Theme.surface }
 
     header: ToolBar {
         RowLayout {
             anchors.fill: parent
-            ToolButton {
+            IconButton {
                 objectName: "backButton"
-                icon.source: "image://assets/fontpicker_back"
-                text: "\u2039"
+                asset: "fontpicker_back"
+                color: Theme.textOnAccent
                 onClicked: root.vc.back()
             }
             Label {
                 text: root.vc.title
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontTitle
             }
             ToolButton {
                 objectName: "howToButton"
                 text: qsTr("How to ?")
+                font.family: Theme.bodyFont
+                font.pixelSize: Theme.fontSmall
+                palette.buttonText: Theme.textOnAccent
                 onClicked: root.vc.howTo()
             }
         }
@@ -45,6 +54,8 @@ Page {
                 TabButton {
                     required property string modelData
                     text: modelData
+                    font.family: Theme.titleFont
+                    font.pixelSize: Theme.fontSmall
                 }
             }
         }

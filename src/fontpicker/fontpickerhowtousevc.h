@@ -8,13 +8,16 @@
 class FontpickerHowToUseVC : public ViewController
 {
     Q_OBJECT
-    /** The pictures shown, by asset name. */
+    /** The pictures shown, as image sources. */
     Q_PROPERTY(QStringList images READ images CONSTANT)
 public:
     explicit FontpickerHowToUseVC(QObject *parent = nullptr);
 
     [[nodiscard]] QStringList images() const
     {
-        return { QStringLiteral("fontpicker_howtouse_download"), QStringLiteral("fontpicker_howtouse_custom") };
+        return { QStringLiteral("image://assets/fontpicker_howtouse_download"),
+            QStringLiteral("image://assets/fontpicker_howtouse_custom") };
     }
+    /** Back to the font library. */
+    Q_INVOKABLE void back();
 };

@@ -1,6 +1,9 @@
 #include "assetimageprovider.h"
 
 #include "appassets.h"
+#include "applog.h"
+
+#include <QUrlQuery>
 
 AssetImageProvider::AssetImageProvider()
     : QQuickImageProvider(QQuickImageProvider::Image)
@@ -8,13 +11,19 @@ AssetImageProvider::AssetImageProvider()
 
 QImage AssetImageProvider::requestImage(const QString &id, QSize *size, const QSize &requestedSize)
 {
-    QImage picture = AppAssets::image(id);
+    const qsizetype query = id.indexOf(u'?');
+    const QString name = id.left(query);
+    QColor colour;
+    if (query >= 0) {
+        const QString hex = QUrlQuery(id.mid(query + 1)).queryItemValue(QStringLiteral("color"));
+        colour = QColor::fromString(hex.startsWith(u'#') ? hex : QStringLiteral("#") + hex);
+    }
+    QImage picture = AppAssets::image(name, requestedSize, colour);
     if (picture.isNull()) {
+        AppLog::print(QStringLiteral("no picture named ") + name);
         picture = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
     }
-    if (requestedSize.isValid() && !requestedSize.isEmpty())
-        picture = picture.scaled(requestedSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     if (size)
         *size = picture.size();
     return picture;

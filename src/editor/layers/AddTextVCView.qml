@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import Quillet.Editor.Layers
+import Quillet.Ui
 
 /** Text entry: the typed text in its demo font and colour, the colour strip, the font list and Done. */
 Page {
@@ -19,10 +20,15 @@ Page {
                 text: root.vc.title
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontTitle
             }
-            ToolButton {
+            IconButton {
                 objectName: "tickButton"
-                text: "\u2713"
+                asset: "tick"
+                color: Theme.textOnAccent
                 onClicked: root.vc.done()
             }
         }

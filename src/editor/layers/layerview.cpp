@@ -1,7 +1,7 @@
 #include "layerview.h"
 
+#include "appassets.h"
 #include "layergeometry.h"
-#include "layericons.h"
 #include "selectionchrome.h"
 
 #include <numbers>
@@ -50,10 +50,10 @@ void LayerView::addBorderView(qreal outset)
     mainView->addSubview(borderView);
 }
 
-ImageView *LayerView::makeHandle(const QString &imageName, int mask)
+ImageView *LayerView::makeHandle(const QImage &picture, int mask)
 {
     auto *handle = new ImageView(QRectF(0, 0, buttonSize, buttonSize));
-    handle->setImage(LayerIcons::image(imageName));
+    handle->setImage(picture);
     handle->setContentMode(ImageView::ContentMode::ScaleAspectFit);
     handle->setAutoresizingMask(mask);
     SelectionChrome::mark(handle);
@@ -63,9 +63,10 @@ ImageView *LayerView::makeHandle(const QString &imageName, int mask)
 
 void LayerView::setupControls()
 {
-    cancelButton = makeHandle(QStringLiteral("ic_close"), FlexibleLeftMargin | FlexibleTopMargin);
-    rotateButton = makeHandle(QStringLiteral("ic_rotate"), FlexibleLeftMargin | FlexibleBottomMargin);
-    resizeButton = makeHandle(QStringLiteral("ic_resize"), FlexibleRightMargin | FlexibleBottomMargin);
+    cancelButton = makeHandle(AppAssets::image(QStringLiteral("ic_close")), FlexibleLeftMargin | FlexibleTopMargin);
+    rotateButton = makeHandle(AppAssets::image(QStringLiteral("ic_rotate")), FlexibleLeftMargin | FlexibleBottomMargin);
+    resizeButton
+        = makeHandle(AppAssets::image(QStringLiteral("ic_resize")), FlexibleRightMargin | FlexibleBottomMargin);
     setupHandlesAsBuilt();
 }
 

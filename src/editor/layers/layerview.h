@@ -133,7 +133,7 @@ protected:
     virtual void storeScalingState() { }
 
 private:
-    ImageView *makeHandle(const QString &imageName, int mask);
+    ImageView *makeHandle(const QImage &picture, int mask);
     void placeHandles(qreal offset);
     void applyRotation(double radians);
     qreal m_lastRotation = 0;

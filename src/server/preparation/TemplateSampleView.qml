@@ -31,6 +31,15 @@ Page {
         anchors.fill: parent
         anchors.margins: 16
 
+        // Stands in for the preview until its picture has come.
+        Image {
+            objectName: "placeholder"
+            anchors.fill: sampleImg
+            visible: sampleImg.status !== Image.Ready
+            source: "image://assets/img_placeholder"
+            sourceSize: Qt.size(width, height)
+            fillMode: Image.PreserveAspectCrop
+        }
         Image {
             id: sampleImg
             objectName: "sampleImg"

@@ -13,6 +13,10 @@ QtObject {
     readonly property color separator: "#EBE4E6"
     readonly property color textOnAccent: "#FFFFFF"
     readonly property color scrim: "#80000000"
+    /** Around the editor's canvas. */
+    readonly property color workspace: "#EFEAEC"
+    /** A row laid on the scrim, such as a layer of the layer panel. */
+    readonly property color rowOnScrim: "#26FFFFFF"
 
     readonly property string titleFont: "Rubik"
     readonly property string bodyFont: "Montserrat"
@@ -22,6 +26,8 @@ QtObject {
     readonly property int radius: 14
     readonly property int barHeight: 56
     readonly property int tabHeight: 48
+    readonly property int toolBarHeight: 72
+    readonly property int iconSize: 24
 
     readonly property int fontSmall: 12
     readonly property int fontBody: 14

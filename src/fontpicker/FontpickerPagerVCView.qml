@@ -31,12 +31,18 @@ Page {
                 font.pixelSize: Theme.fontTitle
             }
             ToolButton {
+                id: howTo
                 objectName: "howToButton"
                 text: qsTr("How to ?")
-                font.family: Theme.bodyFont
-                font.pixelSize: Theme.fontSmall
-                palette.buttonText: Theme.textOnAccent
                 onClicked: root.vc.howTo()
+                contentItem: Label {
+                    text: howTo.text
+                    color: Theme.textOnAccent
+                    font.family: Theme.bodyFont
+                    font.weight: Font.Medium
+                    font.pixelSize: Theme.fontSmall
+                    verticalAlignment: Text.AlignVCenter
+                }
             }
         }
     }
@@ -54,6 +60,8 @@ Page {
                 TabButton {
                     required property string modelData
                     text: modelData
+                    leftPadding: Theme.spacing / 2
+                    rightPadding: Theme.spacing / 2
                     font.family: Theme.titleFont
                     font.pixelSize: Theme.fontSmall
                 }

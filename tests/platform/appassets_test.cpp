@@ -48,7 +48,8 @@ QSet<QRgb> strokeColours(const QImage &image)
 /**
  * The names that the sources ask `image://assets/` for: literal addresses, the string literals on a
  * line that builds an address or sets an `AssetIcon`'s `asset`, names given to `AppAssets::image`, and
- * the "image" entries of the shipped data files. Names built at run time from documents are not here.
+ * the "image" and "selected_image" entries of the shipped data files. Names built at run time from documents are not
+ * here.
  */
 QMap<QString, QString> requestedNames()
 {
@@ -56,7 +57,7 @@ QMap<QString, QString> requestedNames()
     static const QRegularExpression builtAddress(QStringLiteral(R"re("image://assets/"\s*\+|\basset:)re"));
     static const QRegularExpression literal(QStringLiteral(R"re("([A-Za-z][\w-]*)")re"));
     static const QRegularExpression cppName(QStringLiteral(R"re(AppAssets::image\(\s*QStringLiteral\("([^"]+)"\))re"));
-    static const QRegularExpression dataName(QStringLiteral(R"re("image"\s*:\s*"([^"]+)")re"));
+    static const QRegularExpression dataName(QStringLiteral(R"re("(?:image|selected_image)"\s*:\s*"([^"]+)")re"));
 
     QMap<QString, QString> names; // name -> where it was found
     QDirIterator files(sourceRoot() + QStringLiteral("/src"),
@@ -91,8 +92,9 @@ QMap<QString, QString> requestedNames()
 TEST(AppAssets, EveryNameTheSourcesAskForIsDrawn)
 {
     const QMap<QString, QString> names = requestedNames();
-    // The scan itself works: it finds names of the editor, the preview and the font library.
-    for (const char *known : { "img_transperent_bg_bright", "retry", "fontpicker_back", "ratio_story" })
+    // The scan itself works: it finds names of each kind of request.
+    for (const char *known : { "img_transperent_bg_bright", "ic_close", "retry", "fontpicker_howtouse_custom",
+             "ic_back", "ic_search", "ratio_story" })
         EXPECT_TRUE(names.contains(QLatin1String(known))) << known;
     for (auto it = names.cbegin(); it != names.cend(); ++it) {
         const QImage picture = AppAssets::image(it.key());

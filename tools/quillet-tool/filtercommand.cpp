@@ -59,7 +59,8 @@ std::optional<int> filterRow(const QString &name)
 {
     const auto &items = PhotoFilters::filterItemsArray();
     for (int row = 0; row < items.size(); ++row) {
-        if (name.compare(items.at(row).name, Qt::CaseInsensitive) == 0 || (!name.isEmpty() && name == items.at(row).filter))
+        if (name.compare(items.at(row).name, Qt::CaseInsensitive) == 0
+            || (!name.isEmpty() && name == items.at(row).filter))
             return row;
     }
     return std::nullopt;
@@ -90,7 +91,8 @@ int filter(const QStringList &args)
     if (options->operation == QLatin1String("filter")) {
         const std::optional<int> row = filterRow(options->argument);
         if (!row)
-            return toolFail(QStringLiteral("unknown filter '%1'; the filters are %2").arg(options->argument, filterNames()));
+            return toolFail(
+                QStringLiteral("unknown filter '%1'; the filters are %2").arg(options->argument, filterNames()));
         result = source.applyFilter(*row);
     } else {
         bool ok = false;

@@ -21,24 +21,34 @@ struct Plane
     [[nodiscard]] uchar *line(int y) const { return bits + y * stride; }
 };
 
-/** A box of half-width `radius` along each row, from `in` to `out`. */
+/**
+ * A box of half-width `radius` along each row, from `in` to `out`. Each window is the difference of two
+ * running totals of the line, so only the totals are a serial chain and the windows vectorise.
+ */
 void horizontalBox(const Plane &in, const Plane &out, int radius)
 {
     const float scale = 1.0F / float(2 * radius + 1);
     ScanLines::forEachBand(in.height, [&](int begin, int end) {
+        const int n = in.width;
+        const int window = 2 * radius + 1;
+        const float k = scale;
+        // totals[i] sums the line's first i - radius pixels, with zeros before and after it.
+        std::vector<int> totals(size_t(n + window));
+        int *__restrict total = totals.data();
         for (int y = begin; y < end; ++y) {
-            const uchar *src = in.line(y);
-            uchar *dst = out.line(y);
-            int sum = 0;
-            for (int x = 0; x <= std::min(radius, in.width - 1); ++x)
-                sum += src[x];
-            for (int x = 0; x < in.width; ++x) {
-                dst[x] = uchar(float(sum) * scale + 0.5F);
-                if (x + radius + 1 < in.width)
-                    sum += src[x + radius + 1];
-                if (x - radius >= 0)
-                    sum -= src[x - radius];
+            const uchar *__restrict src = in.line(y);
+            uchar *__restrict dst = out.line(y);
+            int running = 0;
+            for (int i = 0; i <= radius; ++i)
+                total[i] = 0;
+            for (int x = 0; x < n; ++x) {
+                running += src[x];
+                total[x + radius + 1] = running;
             }
+            for (int i = n + radius + 1; i < n + window; ++i)
+                total[i] = running;
+            for (int x = 0; x < n; ++x)
+                dst[x] = uchar(float(total[x + window] - total[x]) * k + 0.5F);
         }
     });
 }
@@ -49,6 +59,7 @@ void verticalBox(const Plane &in, const Plane &out, int radius)
     const float scale = 1.0F / float(2 * radius + 1);
     ScanLines::forEachBand(in.width, [&](int begin, int end) {
         const int n = end - begin;
+        const float k = scale; // a local: byte stores could otherwise alias the captured one
         std::vector<int> sums(size_t(n), 0);
         int *__restrict sum = sums.data();
         const auto add = [&](int y, int sign) {
@@ -61,7 +72,7 @@ void verticalBox(const Plane &in, const Plane &out, int radius)
         for (int y = 0; y < in.height; ++y) {
             uchar *__restrict dst = out.line(y) + begin;
             for (int x = 0; x < n; ++x)
-                dst[x] = uchar(float(sum[x]) * scale + 0.5F);
+                dst[x] = uchar(float(sum[x]) * k + 0.5F);
             if (y + radius + 1 < in.height)
                 add(y + radius + 1, 1);
             if (y - radius >= 0)
@@ -70,13 +81,43 @@ void verticalBox(const Plane &in, const Plane &out, int radius)
     });
 }
 
+/** The half-width of three box passes that have the variance of a Gaussian of deviation `sigma`. */
+int boxRadius(qreal sigma)
+{
+    return int(std::lround((std::sqrt(4.0 * sigma * sigma + 1.0) - 1.0) / 2.0));
+}
+
 } // namespace
+
+std::vector<float> gaussian(std::vector<float> line, qreal sigma)
+{
+    const int radius = boxRadius(sigma);
+    const int n = int(line.size());
+    if (radius < 1 || n == 0)
+        return line;
+    const float scale = 1.0F / float(2 * radius + 1);
+    std::vector<float> out(line.size());
+    for (int pass = 0; pass < 3; ++pass) {
+        // Sums in double: a float running sum would drift over a long line.
+        double sum = 0;
+        for (int x = 0; x <= std::min(radius, n - 1); ++x)
+            sum += line[size_t(x)];
+        for (int x = 0; x < n; ++x) {
+            out[size_t(x)] = float(sum) * scale;
+            if (x + radius + 1 < n)
+                sum += line[size_t(x + radius + 1)];
+            if (x - radius >= 0)
+                sum -= line[size_t(x - radius)];
+        }
+        std::swap(line, out);
+    }
+    return line;
+}
 
 QImage gaussian(const QImage &alpha, qreal sigma)
 {
     QImage a = alpha.format() == QImage::Format_Alpha8 ? alpha : alpha.convertToFormat(QImage::Format_Alpha8);
-    // Three box passes of this width have the variance of the Gaussian.
-    const int radius = int(std::lround((std::sqrt(4.0 * sigma * sigma + 1.0) - 1.0) / 2.0));
+    const int radius = boxRadius(sigma);
     if (radius < 1 || a.isNull())
         return a;
     QImage b(a.size(), QImage::Format_Alpha8);

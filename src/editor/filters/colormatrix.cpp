@@ -19,7 +19,8 @@ ColorMatrix ColorMatrix::brightness(float bias)
 
 ColorMatrix ColorMatrix::contrast(float amount)
 {
-    return channels({ amount, amount, amount }, { 0.5F * (1.0F - amount), 0.5F * (1.0F - amount), 0.5F * (1.0F - amount) });
+    return channels(
+        { amount, amount, amount }, { 0.5F * (1.0F - amount), 0.5F * (1.0F - amount), 0.5F * (1.0F - amount) });
 }
 
 ColorMatrix ColorMatrix::channels(std::array<float, 3> scale, std::array<float, 3> bias)

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+// The loops below are written to vectorise: no branches, and float to int conversions only.
+
 ColorRow::ColorRow(int rowWidth)
     : width(rowWidth)
     , r(size_t(rowWidth))
@@ -16,14 +18,16 @@ void ColorRow::load(const QRgb *line)
     float *__restrict green = g.data();
     float *__restrict blue = b.data();
     float *__restrict alpha = a.data();
-    for (int x = 0; x < width; ++x) {
+    const int n = width;
+    for (int x = 0; x < n; ++x) {
         const QRgb p = line[x];
-        const float pa = float(p >> 24);
-        const float inverse = pa > 0.0F ? 1.0F / pa : 0.0F;
+        const float pa = float(int(p >> 24));
+        // A transparent pixel's premultiplied channels are 0 already, so any divisor gives black.
+        const float inverse = 1.0F / std::max(pa, 1.0F);
         alpha[x] = pa;
-        red[x] = float((p >> 16) & 0xFFU) * inverse;
-        green[x] = float((p >> 8) & 0xFFU) * inverse;
-        blue[x] = float(p & 0xFFU) * inverse;
+        red[x] = float(int((p >> 16) & 0xFFU)) * inverse;
+        green[x] = float(int((p >> 8) & 0xFFU)) * inverse;
+        blue[x] = float(int(p & 0xFFU)) * inverse;
     }
 }
 
@@ -33,10 +37,13 @@ void ColorRow::store(QRgb *line) const
     const float *__restrict green = g.data();
     const float *__restrict blue = b.data();
     const float *__restrict alpha = a.data();
-    for (int x = 0; x < width; ++x) {
+    const int n = width; // a local count: the stores could otherwise alias the member
+    for (int x = 0; x < n; ++x) {
         const float pa = alpha[x];
         // Rounded to the nearest level: a colour read and written unchanged gives back the same bytes.
-        const auto channel = [pa](float c) { return quint32(std::clamp(c, 0.0F, 1.0F) * pa + 0.5F); };
-        line[x] = (quint32(pa) << 24) | (channel(red[x]) << 16) | (channel(green[x]) << 8) | channel(blue[x]);
+        const int cr = int(std::min(std::max(red[x], 0.0F), 1.0F) * pa + 0.5F);
+        const int cg = int(std::min(std::max(green[x], 0.0F), 1.0F) * pa + 0.5F);
+        const int cb = int(std::min(std::max(blue[x], 0.0F), 1.0F) * pa + 0.5F);
+        line[x] = QRgb((int(pa) << 24) | (cr << 16) | (cg << 8) | cb);
     }
 }

@@ -7,8 +7,10 @@
 #include <QPainter>
 #include <QtConcurrent/QtConcurrentRun>
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -16,23 +18,34 @@ bool isOpaque(const QImage &picture)
 {
     if (!picture.hasAlphaChannel())
         return true;
-    const QImage argb = picture.format() == QImage::Format_ARGB32_Premultiplied || picture.format() == QImage::Format_ARGB32
+    const QImage argb
+        = picture.format() == QImage::Format_ARGB32_Premultiplied || picture.format() == QImage::Format_ARGB32
         ? picture
         : picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     std::atomic<bool> opaque = true;
     const uchar *bits = argb.constBits();
     const qsizetype stride = argb.bytesPerLine();
     ScanLines::forEachBand(argb.height(), [&](int begin, int end) {
-        quint32 all = 0xFF000000U;
+        const int n = argb.width();
         for (int y = begin; y < end && opaque.load(std::memory_order_relaxed); ++y) {
             const auto *line = reinterpret_cast<const QRgb *>(bits + y * stride);
-            for (int x = 0; x < argb.width(); ++x)
+            quint32 all = 0xFF000000U;
+            for (int x = 0; x < n; ++x)
                 all &= line[x];
             if (all != 0xFF000000U)
                 opaque = false;
         }
     });
     return opaque;
+}
+
+/** How much of each of `count` pixels the span [from, to) covers. */
+std::vector<float> coverage(int count, qreal from, qreal to)
+{
+    std::vector<float> covered(static_cast<size_t>(count));
+    for (int i = 0; i < count; ++i)
+        covered[size_t(i)] = float(std::clamp(std::min(to, i + 1.0) - std::max(from, qreal(i)), 0.0, 1.0));
+    return covered;
 }
 
 } // namespace
@@ -52,20 +65,42 @@ QImage FeatherMask::compute(const QImage &picture, qreal radius, const QSize &si
     const qreal width = picture.width() + 2.0 * margin;
     const qreal height = picture.height() + 2.0 * margin;
     const qreal scale = std::max(size.width() / width, size.height() / height);
-    QImage alpha(int(std::ceil(width * scale)), int(std::ceil(height * scale)), QImage::Format_Alpha8);
+    const QSize plane(int(std::ceil(width * scale)), int(std::ceil(height * scale)));
+    const QRectF placed(margin * scale, margin * scale, picture.width() * scale, picture.height() * scale);
+    const QPoint cut((plane.width() - size.width()) / 2, (plane.height() - size.height()) / 2);
+    const qreal sigma = radius * scale;
+
+    if (isOpaque(picture)) {
+        // The alpha is then a rectangle, and its blur the product of the blurs of its two sides.
+        const std::vector<float> across
+            = AlphaBlur::gaussian(coverage(plane.width(), placed.left(), placed.right()), sigma);
+        const std::vector<float> down
+            = AlphaBlur::gaussian(coverage(plane.height(), placed.top(), placed.bottom()), sigma);
+        QImage mask(size, QImage::Format_Alpha8);
+        uchar *bits = mask.bits();
+        const qsizetype stride = mask.bytesPerLine();
+        ScanLines::forEachBand(size.height(), [&](int begin, int end) {
+            // Locals: the byte stores could otherwise alias anything captured.
+            const float *__restrict columns = across.data() + cut.x();
+            const int n = size.width();
+            for (int y = begin; y < end; ++y) {
+                const float level = down[size_t(cut.y() + y)] * 255.0F;
+                uchar *__restrict line = bits + y * stride;
+                for (int x = 0; x < n; ++x)
+                    line[x] = uchar(columns[x] * level + 0.5F);
+            }
+        });
+        return mask;
+    }
+
+    QImage alpha(plane, QImage::Format_Alpha8);
     alpha.fill(0);
     {
-        const QRectF placed(margin * scale, margin * scale, picture.width() * scale, picture.height() * scale);
         QPainter painter(&alpha);
-        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-        if (isOpaque(picture))
-            painter.fillRect(placed, Qt::black);
-        else
-            painter.drawImage(placed, picture);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(placed, picture);
     }
-    const QImage blurred = AlphaBlur::gaussian(alpha, radius * scale);
-    return blurred.copy(
-        (blurred.width() - size.width()) / 2, (blurred.height() - size.height()) / 2, size.width(), size.height());
+    return AlphaBlur::gaussian(alpha, sigma).copy(QRect(cut, size));
 }
 
 void FeatherMask::request(const QImage &picture, qreal radius, const QSize &size)
@@ -97,6 +132,7 @@ void FeatherMask::start(const Request &request)
             Q_EMIT busyChanged();
         }
     });
-    m_watcher->setFuture(QtConcurrent::run(
-        [picture = request.picture, radius = request.radius, size = request.size] { return compute(picture, radius, size); }));
+    m_watcher->setFuture(QtConcurrent::run([picture = request.picture, radius = request.radius, size = request.size] {
+        return compute(picture, radius, size);
+    }));
 }

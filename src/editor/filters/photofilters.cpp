@@ -51,14 +51,16 @@ const QHash<QString, Look> &looks()
 {
     static const QHash<QString, Look> table {
         // Default colour (0.6, 0.45, 0.3), intensity 1.
-        { QStringLiteral("CIColorMonochrome"),
-            monochrome(rgbF(0.6F, 0.45F, 0.3F)) },
+        { QStringLiteral("CIColorMonochrome"), monochrome(rgbF(0.6F, 0.45F, 0.3F)) },
         // Default of 6 levels.
-        { QStringLiteral("CIColorPosterize"), [](const QImage &picture) { return PixelKernels::posterize(picture, 6); } },
+        { QStringLiteral("CIColorPosterize"),
+            [](const QImage &picture) { return PixelKernels::posterize(picture, 6); } },
         // Luminance onto the ramp between the default colours (0.3, 0, 0) and (1, 0.9, 0.8).
-        { QStringLiteral("CIFalseColor"), ramp({ { 0.0F, rgbF(0.3F, 0.0F, 0.0F) }, { 1.0F, rgbF(1.0F, 0.9F, 0.8F) } }) },
+        { QStringLiteral("CIFalseColor"),
+            ramp({ { 0.0F, rgbF(0.3F, 0.0F, 0.0F) }, { 1.0F, rgbF(1.0F, 0.9F, 0.8F) } }) },
         // Vintage film with exaggerated colour and higher contrast.
-        { QStringLiteral("CIPhotoEffectChrome"), matrix(ColorMatrix::contrast(1.15F) * ColorMatrix::saturation(1.35F)) },
+        { QStringLiteral("CIPhotoEffectChrome"),
+            matrix(ColorMatrix::contrast(1.15F) * ColorMatrix::saturation(1.35F)) },
         // Vintage film with diminished colour: less saturation, lifted blacks.
         { QStringLiteral("CIPhotoEffectFade"),
             matrix(ColorMatrix::channels({ 0.84F, 0.84F, 0.84F }, { 0.1F, 0.09F, 0.08F })
@@ -73,8 +75,8 @@ const QHash<QString, Look> &looks()
         { QStringLiteral("CIPhotoEffectNoir"), matrix(ColorMatrix::contrast(1.6F) * ColorMatrix::grey(0.0F, 1.0F)) },
         // Vintage film with emphasised cool colours and lower contrast.
         { QStringLiteral("CIPhotoEffectProcess"),
-            matrix(ColorMatrix::channels({ 0.9F, 0.98F, 1.04F }, { 0.0F, 0.02F, 0.06F })
-                * ColorMatrix::contrast(0.88F)) },
+            matrix(
+                ColorMatrix::channels({ 0.9F, 0.98F, 1.04F }, { 0.0F, 0.02F, 0.06F }) * ColorMatrix::contrast(0.88F)) },
         // Vintage film with emphasised warm colours, brighter.
         { QStringLiteral("CIPhotoEffectTransfer"),
             matrix(ColorMatrix::channels({ 1.06F, 1.02F, 0.9F }, { 0.06F, 0.04F, 0.0F })
@@ -86,7 +88,8 @@ const QHash<QString, Look> &looks()
             ramp({ { 0.0F, rgbF(0.05F, 0.0F, 0.3F) }, { 0.25F, rgbF(0.1F, 0.1F, 0.9F) },
                 { 0.5F, rgbF(0.85F, 0.0F, 0.6F) }, { 0.7F, rgbF(1.0F, 0.35F, 0.0F) },
                 { 0.85F, rgbF(1.0F, 0.85F, 0.0F) }, { 1.0F, rgbF(1.0F, 1.0F, 0.85F) } }) },
-        { QStringLiteral("CIVignette"), [](const QImage &picture) { return PixelKernels::vignette(picture, 3.0F, 2.0F); } },
+        { QStringLiteral("CIVignette"),
+            [](const QImage &picture) { return PixelKernels::vignette(picture, 3.0F, 2.0F); } },
         // A negative in cold greys, as a radiograph.
         { QStringLiteral("CIXRay"), ramp({ { 0.0F, rgbF(0.93F, 0.97F, 1.0F) }, { 1.0F, rgbF(0.0F, 0.03F, 0.08F) } }) },
     };

@@ -135,15 +135,16 @@ QImage vignette(const QImage &source, float radius, float intensity)
     // The corners lie off axis at an angle whose tangent is radius / 6: at (3, 2) they keep about a third of
     // their light and the middle of the long sides about two fifths.
     const float spread = (radius / 6.0F) * (radius / 6.0F) / std::max(1.0F, cx * cx + cy * cy);
-    return colorPass(source, [&](ColorRow &row, int y) {
+    return colorPass(source, [=](ColorRow &row, int y) {
         const float dy = float(y) + 0.5F - cy;
         float *__restrict r = row.r.data();
         float *__restrict g = row.g.data();
         float *__restrict b = row.b.data();
-        for (int x = 0; x < row.width; ++x) {
+        const int n = row.width;
+        for (int x = 0; x < n; ++x) {
             const float dx = float(x) + 0.5F - cx;
             const float cosine2 = 1.0F / (1.0F + (dx * dx + dy * dy) * spread);
-            const float light = std::clamp(1.0F - intensity * (1.0F - cosine2 * cosine2), 0.0F, 1.0F);
+            const float light = std::min(std::max(1.0F - intensity * (1.0F - cosine2 * cosine2), 0.0F), 1.0F);
             r[x] *= light;
             g[x] *= light;
             b[x] *= light;
@@ -154,8 +155,10 @@ QImage vignette(const QImage &source, float radius, float intensity)
 QImage fade(const QImage &source, qreal opacity)
 {
     const auto k = quint32(std::lround(std::clamp(opacity, 0.0, 1.0) * 256.0));
-    return linePass(source, [&, width = source.width()](const QRgb *in, QRgb *out, int) {
-        for (int x = 0; x < width; ++x)
+    const int width = source.width();
+    return linePass(source, [&](const QRgb *in, QRgb *out, int) {
+        const int n = width; // a local count: the stores could otherwise alias it
+        for (int x = 0; x < n; ++x)
             out[x] = scaled(in[x], k);
     });
 }
@@ -167,9 +170,11 @@ QImage maskedBy(const QImage &source, const QImage &mask)
         return {};
     const uchar *maskBits = alpha.constBits();
     const qsizetype maskStride = alpha.bytesPerLine();
-    return linePass(source, [&, width = source.width()](const QRgb *in, QRgb *out, int y) {
+    const int width = source.width();
+    return linePass(source, [&](const QRgb *in, QRgb *out, int y) {
         const uchar *m = maskBits + y * maskStride;
-        for (int x = 0; x < width; ++x)
+        const int n = width;
+        for (int x = 0; x < n; ++x)
             out[x] = scaled(in[x], quint32(m[x]) + (quint32(m[x]) >> 7));
     });
 }

@@ -2,6 +2,7 @@
 // starts the QML window and runs the launch order.
 #include "animatedlaunchscreen.h"
 #include "appdelegate.h"
+#include "apphelpers.h"
 #include "apppaths.h"
 #include "assetimageprovider.h"
 #include "contentserver.h"
@@ -12,6 +13,7 @@
 #include "imagecacheprovider.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
+#include "pickerscreens.h"
 #include "preparationscreens.h"
 #include "qffontpicker.h"
 #include "serverclient.h"
@@ -38,6 +40,7 @@
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_Editor_PickersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_FontpickerPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_PreparationPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
@@ -195,6 +198,10 @@ int main(int argc, char **argv)
     registerScreens(storyboard);
     FontpickerScreens::registerScreens(storyboard, &fontpicker);
     PreparationScreens::registerScreens(storyboard, &client, &fontpicker);
+    QStringList bgColors;
+    for (const auto &entry : AppHelpers::bgColors())
+        bgColors.append(entry->color.value_or(QString()));
+    PickerScreens::registerScreens(storyboard, &client, bgColors);
     NavigationController navigation;
     AppDelegate delegate(&navigation, &storyboard);
     delegate.setServerClient(&client);

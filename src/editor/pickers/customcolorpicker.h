@@ -34,7 +34,10 @@ public:
     /** An object that is a CustomColorPickerDelegate. */
     QPointer<QObject> delegate;
 
-    [[nodiscard]] QColor color() const { return QColor::fromHsvF(float(m_hue), float(m_saturation), float(m_brightness)); }
+    [[nodiscard]] QColor color() const
+    {
+        return QColor::fromHsvF(float(m_hue), float(m_saturation), float(m_brightness)).toRgb();
+    }
     [[nodiscard]] qreal hue() const { return m_hue; }
     [[nodiscard]] qreal saturation() const { return m_saturation; }
     [[nodiscard]] qreal brightness() const { return m_brightness; }

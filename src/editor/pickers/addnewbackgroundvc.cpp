@@ -10,7 +10,7 @@
 AddNewBackgroundVC::AddNewBackgroundVC(QObject *parent)
     : OwnPicturePage({ { QStringLiteral("Gallery"), QStringLiteral("bg_album") },
                          { QStringLiteral("Camera"), QStringLiteral("bg_camera") } },
-          parent)
+        parent)
     , m_colorCell(new CreateColorCell(this, this))
 {
     setTitle(QStringLiteral("Pick your own"));
@@ -30,7 +30,7 @@ void AddNewBackgroundVC::selectRow(int row)
         // Taking a photograph needs a camera screen, which this build does not have.
         if (NavigationController *stack = navigation())
             stack->presentAlert((new AlertModel(QString(), QStringLiteral("Camera is not available on this device.")))
-                    ->addAction(QStringLiteral("OK")));
+                                    ->addAction(QStringLiteral("OK")));
     }
 }
 

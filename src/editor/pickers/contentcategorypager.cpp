@@ -93,7 +93,8 @@ bool ContentCategoryPager::show(const QJsonObject &answer)
     qDeleteAll(m_contentPages);
     m_contentPages.clear();
     for (const auto &catalog : catalogArray) {
-        ViewController *made = services().storyboard ? services().storyboard->instantiate(m_contentPageIdentifier) : nullptr;
+        ViewController *made
+            = services().storyboard ? services().storyboard->instantiate(m_contentPageIdentifier) : nullptr;
         auto *page = qobject_cast<CatalogContentPage *>(made);
         if (!page) {
             delete made;

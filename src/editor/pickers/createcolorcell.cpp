@@ -27,7 +27,8 @@ void CreateColorCell::setColors(const QStringList &colors)
 QVariantList CreateColorCell::rows() const
 {
     QVariantList list {
-        QVariantMap { { QStringLiteral("title"), QStringLiteral("Custom") }, { QStringLiteral("image"), QStringLiteral("color_picker") },
+        QVariantMap { { QStringLiteral("title"), QStringLiteral("Custom") },
+            { QStringLiteral("image"), QStringLiteral("color_picker") },
             { QStringLiteral("color"), QColor(Qt::transparent) } },
         QVariantMap { { QStringLiteral("title"), QStringLiteral("Transparent") },
             { QStringLiteral("image"), QStringLiteral("img_transperent_bg_bright") },

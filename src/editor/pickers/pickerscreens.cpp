@@ -5,9 +5,9 @@
 #include "bgcontentcategorypagervc.h"
 #include "bgcontentvc.h"
 #include "customcolorpicker.h"
+#include "serverclient.h"
 #include "stickercontentcategorypagervc.h"
 #include "stickercontentvc.h"
-#include "serverclient.h"
 #include "storyboard.h"
 
 namespace PickerScreens {
@@ -16,7 +16,8 @@ namespace {
 
 const QString views = QStringLiteral("qrc:/Quillet/Editor/Pickers/");
 
-template<class Screen> void add(Storyboard &storyboard, const QString &identifier, const QString &view, PickerServices services)
+template<class Screen>
+void add(Storyboard &storyboard, const QString &identifier, const QString &view, PickerServices services)
 {
     storyboard.registerFactory(identifier, QUrl(views + view), [services] {
         auto *screen = new Screen();
@@ -36,8 +37,10 @@ void registerScreens(Storyboard &storyboard, ServerClient *client, const QString
     add<StickerContentCategoryPagerVC>(storyboard, QStringLiteral("StickerContentCategoryPagerVC"), pager, services);
     add<BGContentVC>(storyboard, QStringLiteral("BGContentVC"), catalog, services);
     add<StickerContentVC>(storyboard, QStringLiteral("StickerContentVC"), catalog, services);
-    add<AddNewBackgroundVC>(storyboard, QStringLiteral("AddNewBackgroundVC"), QStringLiteral("AddNewBackgroundVCView.qml"), services);
-    storyboard.registerScreen<AddStickerVC>(QStringLiteral("AddStickerVC"), QUrl(views + QStringLiteral("AddStickerVCView.qml")));
+    add<AddNewBackgroundVC>(
+        storyboard, QStringLiteral("AddNewBackgroundVC"), QStringLiteral("AddNewBackgroundVCView.qml"), services);
+    storyboard.registerScreen<AddStickerVC>(
+        QStringLiteral("AddStickerVC"), QUrl(views + QStringLiteral("AddStickerVCView.qml")));
     storyboard.registerScreen<CustomColorPicker>(
         QStringLiteral("CustomColorPicker"), QUrl(views + QStringLiteral("CustomColorPickerView.qml")));
 }

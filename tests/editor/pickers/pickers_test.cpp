@@ -325,8 +325,8 @@ TEST_F(Pickers, TheEditorNamedAsSuperControllerTakesTheResult)
 {
     auto *upper = new FakeEditor();
     navigation.push(upper, false);
-    auto *pager = push<BGContentCategoryPagerVC>(
-        QStringLiteral("BGContentCategoryPagerVC"), [this](BGContentCategoryPagerVC &p) { p.superController = editor; });
+    auto *pager = push<BGContentCategoryPagerVC>(QStringLiteral("BGContentCategoryPagerVC"),
+        [this](BGContentCategoryPagerVC &p) { p.superController = editor; });
     qobject_cast<AddNewBackgroundVC *>(pager->pages().first())->colorCell()->select(2);
     EXPECT_TRUE(editor->pickedColor.has_value());
     EXPECT_FALSE(upper->pickedColor.has_value());

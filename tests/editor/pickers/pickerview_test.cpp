@@ -25,8 +25,8 @@ protected:
         engine.addImportPath(QStringLiteral("qrc:/"));
         QQmlComponent component(&engine, vc->viewUrl());
         std::unique_ptr<QObject> made(component.createWithInitialProperties(
-            { { QStringLiteral("vc"), QVariant::fromValue(static_cast<QObject *>(vc)) }, { QStringLiteral("width"), 390 },
-                { QStringLiteral("height"), 800 } }));
+            { { QStringLiteral("vc"), QVariant::fromValue(static_cast<QObject *>(vc)) },
+                { QStringLiteral("width"), 390 }, { QStringLiteral("height"), 800 } }));
         EXPECT_TRUE(made) << component.errorString().toStdString();
         return made;
     }

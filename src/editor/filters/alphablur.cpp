@@ -1,4 +1,5 @@
 #include "alphablur.h"
+#include "rounding.h"
 
 #include "scanlines.h"
 
@@ -48,7 +49,7 @@ void horizontalBox(const Plane &in, const Plane &out, int radius)
             for (int i = n + radius + 1; i < n + window; ++i)
                 total[i] = running;
             for (int x = 0; x < n; ++x)
-                dst[x] = uchar(float(total[x + window] - total[x]) * k + 0.5F);
+                dst[x] = uchar(roundNonNegative(float(total[x + window] - total[x]) * k));
         }
     });
 }
@@ -72,7 +73,7 @@ void verticalBox(const Plane &in, const Plane &out, int radius)
         for (int y = 0; y < in.height; ++y) {
             uchar *__restrict dst = out.line(y) + begin;
             for (int x = 0; x < n; ++x)
-                dst[x] = uchar(float(sum[x]) * k + 0.5F);
+                dst[x] = uchar(roundNonNegative(float(sum[x]) * k));
             if (y + radius + 1 < in.height)
                 add(y + radius + 1, 1);
             if (y - radius >= 0)
@@ -99,15 +100,16 @@ std::vector<float> gaussian(std::vector<float> line, qreal sigma)
     std::vector<float> out(line.size());
     for (int pass = 0; pass < 3; ++pass) {
         // Sums in double: a float running sum would drift over a long line.
+        const float *in = line.data();
         double sum = 0;
         for (int x = 0; x <= std::min(radius, n - 1); ++x)
-            sum += line[size_t(x)];
+            sum += in[x];
         for (int x = 0; x < n; ++x) {
-            out[size_t(x)] = float(sum) * scale;
+            out.data()[x] = float(sum) * scale;
             if (x + radius + 1 < n)
-                sum += line[size_t(x + radius + 1)];
+                sum += in[x + radius + 1];
             if (x - radius >= 0)
-                sum -= line[size_t(x - radius)];
+                sum -= in[x - radius];
         }
         std::swap(line, out);
     }

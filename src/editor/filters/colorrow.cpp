@@ -1,4 +1,5 @@
 #include "colorrow.h"
+#include "rounding.h"
 
 #include <algorithm>
 
@@ -41,9 +42,9 @@ void ColorRow::store(QRgb *line) const
     for (int x = 0; x < n; ++x) {
         const float pa = alpha[x];
         // Rounded to the nearest level: a colour read and written unchanged gives back the same bytes.
-        const int cr = int(std::min(std::max(red[x], 0.0F), 1.0F) * pa + 0.5F);
-        const int cg = int(std::min(std::max(green[x], 0.0F), 1.0F) * pa + 0.5F);
-        const int cb = int(std::min(std::max(blue[x], 0.0F), 1.0F) * pa + 0.5F);
+        const int cr = roundNonNegative(std::min(std::max(red[x], 0.0F), 1.0F) * pa);
+        const int cg = roundNonNegative(std::min(std::max(green[x], 0.0F), 1.0F) * pa);
+        const int cb = roundNonNegative(std::min(std::max(blue[x], 0.0F), 1.0F) * pa);
         line[x] = QRgb((int(pa) << 24) | (cr << 16) | (cg << 8) | cb);
     }
 }

@@ -1,4 +1,5 @@
 #include "feathermask.h"
+#include "rounding.h"
 
 #include "alphablur.h"
 #include "scanlines.h"
@@ -84,10 +85,10 @@ QImage FeatherMask::compute(const QImage &picture, qreal radius, const QSize &si
             const float *__restrict columns = across.data() + cut.x();
             const int n = size.width();
             for (int y = begin; y < end; ++y) {
-                const float level = down[size_t(cut.y() + y)] * 255.0F;
+                const float level = down.data()[cut.y() + y] * 255.0F;
                 uchar *__restrict line = bits + y * stride;
                 for (int x = 0; x < n; ++x)
-                    line[x] = uchar(columns[x] * level + 0.5F);
+                    line[x] = uchar(roundNonNegative(columns[x] * level));
             }
         });
         return mask;

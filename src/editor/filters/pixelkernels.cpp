@@ -1,4 +1,5 @@
 #include "pixelkernels.h"
+#include "rounding.h"
 
 #include "colormatrix.h"
 #include "colorramp.h"
@@ -119,7 +120,8 @@ QImage luminanceRamp(const QImage &source, const ColorRamp &ramp)
     return colorPass(source, [&](ColorRow &row, int) {
         for (int x = 0; x < row.width; ++x) {
             const float luminance = w[0] * row.r[x] + w[1] * row.g[x] + w[2] * row.b[x];
-            const int i = std::clamp(int(luminance * float(ColorRamp::steps - 1) + 0.5F), 0, ColorRamp::steps - 1);
+            const int i
+                = std::clamp(roundNonNegative(luminance * float(ColorRamp::steps - 1)), 0, ColorRamp::steps - 1);
             const auto &color = ramp.at(i);
             row.r[x] = color[0];
             row.g[x] = color[1];

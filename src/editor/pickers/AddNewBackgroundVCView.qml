@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** "Pick your own" of the background pager: gallery and camera, then the colour strip. */
 Flickable {
@@ -8,21 +9,24 @@ Flickable {
 
     required property var vc
 
-    contentHeight: column.implicitHeight + 32
+    contentHeight: column.implicitHeight + 2 * Theme.margin
     clip: true
 
     ColumnLayout {
         id: column
-        x: 16
-        y: 16
-        width: root.width - 32
-        spacing: 12
+        x: Theme.margin
+        y: Theme.margin
+        width: root.width - 2 * Theme.margin
+        spacing: Theme.margin
         OwnPictureRows {
             vc: root.vc
         }
         Label {
             text: qsTr("Colors")
-            font.bold: true
+            color: Theme.text
+            font.family: Theme.titleFont
+            font.weight: Font.Medium
+            font.pixelSize: Theme.fontBody
         }
         CreateColorCell {
             Layout.fillWidth: true

@@ -1,4 +1,5 @@
 import QtQuick
+import Quillet.Ui
 
 /** "Pick your own" of the sticker pager: one row that opens the gallery. */
 Item {
@@ -7,8 +8,8 @@ Item {
     required property var vc
 
     OwnPictureRows {
-        x: 16
-        y: 16
+        x: Theme.margin
+        y: Theme.margin
         vc: root.vc
     }
 }

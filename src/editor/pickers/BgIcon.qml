@@ -1,15 +1,19 @@
 import QtQuick
 import QtQuick.Controls
+import Quillet.Ui
 
 /**
- * The rounded tile of the pickers: a picture or a colour, an optional word under it, and three dots
- * that pulse while the picture loads.
+ * The rounded tile of the pickers: a picture, an icon of the application or a colour, an optional word
+ * under it, and three dots that pulse while the picture loads.
  */
 Item {
     id: root
 
+    /** A picture that fills the tile. */
     property alias source: imageView.source
-    property color fill: "transparent"
+    /** An icon of the application, drawn in the accent in the middle of the tile. */
+    property string asset
+    property color fill: Theme.surface
     property alias text: lblText.text
     property bool selected: false
     readonly property bool loading: imageView.status === Image.Loading
@@ -30,7 +34,7 @@ Item {
         radius: 10
         color: root.fill
         border.width: root.selected ? 3 : 1
-        border.color: root.selected ? root.palette.highlight : root.palette.mid
+        border.color: root.selected ? Theme.accent : Theme.separator
         clip: true
 
         Image {
@@ -41,6 +45,14 @@ Item {
             fillMode: Image.PreserveAspectCrop
             asynchronous: true
             smooth: true
+        }
+        AssetIcon {
+            anchors.centerIn: parent
+            width: Math.min(parent.width, parent.height) * 0.5
+            height: width
+            asset: root.asset
+            color: Theme.accent
+            visible: root.asset.length > 0
         }
         Row {
             anchors.centerIn: parent
@@ -55,7 +67,7 @@ Item {
                     width: 8
                     height: 8
                     radius: 4
-                    color: root.palette.mid
+                    color: Theme.textMuted
                     SequentialAnimation on opacity {
                         running: root.loading
                         loops: Animation.Infinite
@@ -75,7 +87,9 @@ Item {
         anchors.bottom: parent.bottom
         horizontalAlignment: Text.AlignHCenter
         elide: Text.ElideRight
-        font.pixelSize: 12
+        color: Theme.text
+        font.family: Theme.bodyFont
+        font.pixelSize: Theme.fontSmall
     }
     TapHandler {
         onTapped: root.clicked()

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import Quillet.Editor.Pickers
+import Quillet.Ui
 
 /** One catalog's pictures in a grid, with its loading, failed and empty states. */
 Item {
@@ -13,7 +14,7 @@ Item {
         id: grid
         objectName: "grid"
         anchors.fill: parent
-        anchors.margins: 8
+        anchors.margins: Theme.spacing
         clip: true
         cellWidth: width / 3
         cellHeight: cellWidth * root.vc.cellAspect
@@ -40,11 +41,21 @@ Item {
     Column {
         objectName: "failedView"
         anchors.centerIn: parent
-        spacing: 12
+        spacing: Theme.margin
         visible: root.vc.loadingState === CatalogScreen.Failed
+        AssetIcon {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 48
+            height: 48
+            asset: "retry"
+            color: Theme.textMuted
+        }
         Label {
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTr("Something went wrong. Please try again.")
+            color: Theme.textMuted
+            font.family: Theme.bodyFont
+            font.pixelSize: Theme.fontBody
         }
         Button {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -57,5 +68,8 @@ Item {
         anchors.centerIn: parent
         visible: root.vc.isEmpty
         text: qsTr("Nothing here yet.")
+        color: Theme.textMuted
+        font.family: Theme.bodyFont
+        font.pixelSize: Theme.fontBody
     }
 }

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import Quillet.Editor.Pickers
+import Quillet.Ui
 import QtQuick.Layouts
 
 /** A picker pager: its title, a tab per page ("Pick your own", then one per catalog) and the pages. */
@@ -11,24 +12,29 @@ Page {
     required property var vc
 
     title: root.vc.title
+    background: Rectangle { color: Theme.surface }
 
     header: ToolBar {
         RowLayout {
             anchors.fill: parent
-            ToolButton {
+            IconButton {
+                id: backButton
                 objectName: "backButton"
-                text: "\u2039"
-                font.pixelSize: 28
+                asset: "ic_back"
+                color: Theme.textOnAccent
                 onClicked: root.vc.back()
             }
             Label {
                 text: root.vc.title
-                font.bold: true
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontTitle
             }
             Item {
-                Layout.preferredWidth: 48
+                Layout.preferredWidth: backButton.width
             }
         }
     }
@@ -47,17 +53,24 @@ Page {
                     required property string modelData
                     text: modelData
                     width: implicitWidth
+                    leftPadding: Theme.margin
+                    rightPadding: Theme.margin
+                    font.family: Theme.titleFont
+                    font.pixelSize: Theme.fontSmall
                 }
             }
         }
         RowLayout {
             objectName: "failedBar"
             Layout.fillWidth: true
-            Layout.margins: 8
+            Layout.margins: Theme.spacing
             visible: root.vc.loadingState === CatalogScreen.Failed
             Label {
                 text: qsTr("The catalogs could not be loaded.")
                 Layout.fillWidth: true
+                color: Theme.textMuted
+                font.family: Theme.bodyFont
+                font.pixelSize: Theme.fontBody
             }
             Button {
                 text: qsTr("Retry")

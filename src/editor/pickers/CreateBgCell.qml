@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls
 
 /** A row of an own-picture page: its icon on a tile and its word, such as "Gallery" or "Camera". */
 BgIcon {
@@ -11,5 +10,5 @@ BgIcon {
     implicitWidth: 96
     implicitHeight: 116
     text: root.title
-    source: "image://assets/" + root.image
+    asset: root.image
 }

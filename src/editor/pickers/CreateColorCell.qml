@@ -24,7 +24,8 @@ GridView {
             anchors.fill: parent
             anchors.margins: 4
             fill: swatch.modelData.color
-            source: swatch.modelData.image ? "image://assets/" + swatch.modelData.image : ""
+            source: swatch.modelData.picture ? "image://assets/" + swatch.modelData.picture : ""
+            asset: swatch.modelData.icon
             text: swatch.modelData.title
             selected: root.cell && root.cell.selectedIndex === swatch.index
             onClicked: root.cell.select(swatch.index)

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** A colour of one's own: saturation and brightness in the square, hue in the bar, or six hex digits. */
 Page {
@@ -9,33 +10,47 @@ Page {
     required property var vc
 
     title: root.vc.title
+    background: Rectangle { color: Theme.surface }
 
     header: ToolBar {
         RowLayout {
             anchors.fill: parent
-            ToolButton {
+            IconButton {
                 objectName: "cancelButton"
-                text: qsTr("Cancel")
+                asset: "ic_back"
+                color: Theme.textOnAccent
                 onClicked: root.vc.cancel()
             }
             Label {
                 text: root.vc.title
-                font.bold: true
                 Layout.fillWidth: true
                 horizontalAlignment: Text.AlignHCenter
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontTitle
             }
             ToolButton {
+                id: doneButton
                 objectName: "doneButton"
                 text: qsTr("Done")
                 onClicked: root.vc.done()
+                contentItem: Label {
+                    text: doneButton.text
+                    color: Theme.textOnAccent
+                    font.family: Theme.bodyFont
+                    font.weight: Font.Medium
+                    font.pixelSize: Theme.fontBody
+                    verticalAlignment: Text.AlignVCenter
+                }
             }
         }
     }
 
     ColumnLayout {
         anchors.fill: parent
-        anchors.margins: 16
-        spacing: 16
+        anchors.margins: Theme.margin
+        spacing: Theme.margin
 
         Rectangle {
             id: square
@@ -62,14 +77,23 @@ Page {
                 }
             }
             Rectangle {
+                objectName: "picked"
                 x: root.vc.saturation * square.width - width / 2
                 y: (1 - root.vc.brightness) * square.height - height / 2
-                width: 20
-                height: 20
-                radius: 10
+                width: 22
+                height: 22
+                radius: 11
                 color: "transparent"
-                border.color: "white"
-                border.width: 3
+                border.color: Theme.scrim
+                border.width: 1
+                Rectangle {
+                    anchors.fill: parent
+                    anchors.margins: 1
+                    radius: width / 2
+                    color: "transparent"
+                    border.color: Theme.surface
+                    border.width: 3
+                }
             }
             DragHandler {
                 target: null
@@ -124,7 +148,7 @@ Page {
                 Layout.preferredHeight: 48
                 radius: 8
                 color: root.vc.color
-                border.color: root.palette.mid
+                border.color: Theme.separator
             }
             Label {
                 text: "#"

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Dialogs
+import Quillet.Ui
 
 /** The rows of a "Pick your own" page, the gallery they open, and a spinner while a picture is read. */
 Row {
@@ -9,7 +10,7 @@ Row {
 
     required property var vc
 
-    spacing: 16
+    spacing: Theme.margin
     Repeater {
         model: root.vc ? root.vc.rows : []
         CreateBgCell {

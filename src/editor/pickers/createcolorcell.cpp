@@ -26,17 +26,14 @@ void CreateColorCell::setColors(const QStringList &colors)
 
 QVariantList CreateColorCell::rows() const
 {
-    QVariantList list {
-        QVariantMap { { QStringLiteral("title"), QStringLiteral("Custom") },
-            { QStringLiteral("image"), QStringLiteral("color_picker") },
-            { QStringLiteral("color"), QColor(Qt::transparent) } },
-        QVariantMap { { QStringLiteral("title"), QStringLiteral("Transparent") },
-            { QStringLiteral("image"), QStringLiteral("img_transperent_bg_bright") },
-            { QStringLiteral("color"), QColor(Qt::transparent) } },
+    const auto row = [](const QString &title, const QString &icon, const QString &picture, const QColor &color) {
+        return QVariantMap { { QStringLiteral("title"), title }, { QStringLiteral("icon"), icon },
+            { QStringLiteral("picture"), picture }, { QStringLiteral("color"), color } };
     };
+    QVariantList list { row(QStringLiteral("Custom"), QStringLiteral("color_picker"), QString(), Qt::transparent),
+        row(QStringLiteral("Transparent"), QString(), QStringLiteral("img_transperent_bg_bright"), Qt::transparent) };
     for (const QColor &color : m_colors)
-        list.append(QVariantMap { { QStringLiteral("title"), QString() }, { QStringLiteral("image"), QString() },
-            { QStringLiteral("color"), color } });
+        list.append(row(QString(), QString(), QString(), color));
     return list;
 }
 

@@ -25,7 +25,10 @@ public:
 class CreateColorCell : public QObject
 {
     Q_OBJECT
-    /** Maps with "title", "image" (an icon name, or empty) and "color" (transparent for the first two rows). */
+    /**
+     * Maps with "title", "icon" (the name of an icon of the application), "picture" (the name of one of its
+     * pictures) and "color" (transparent for "Custom" and "Transparent").
+     */
     Q_PROPERTY(QVariantList rows READ rows NOTIFY rowsChanged)
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY selectedIndexChanged)
 public:

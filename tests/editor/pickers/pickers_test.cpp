@@ -173,8 +173,10 @@ TEST_F(Pickers, ColourStripHandsBackColoursAndTransparent)
     CreateColorCell *cell = own->colorCell();
     ASSERT_EQ(cell->rows().size(), 5);
     EXPECT_EQ(cell->rows().at(0).toMap().value("title"), QStringLiteral("Custom"));
-    EXPECT_EQ(cell->rows().at(0).toMap().value("image"), QStringLiteral("color_picker"));
+    EXPECT_EQ(cell->rows().at(0).toMap().value("icon"), QStringLiteral("color_picker"));
     EXPECT_EQ(cell->rows().at(1).toMap().value("title"), QStringLiteral("Transparent"));
+    EXPECT_EQ(cell->rows().at(1).toMap().value("picture"), QStringLiteral("img_transperent_bg_bright"));
+    EXPECT_EQ(cell->rows().at(4).toMap().value("color").value<QColor>(), QColor(0xE0, 0x58, 0x63));
 
     cell->select(4);
     EXPECT_EQ(cell->selectedIndex(), 4);

@@ -14,6 +14,7 @@
 #include <functional>
 
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_PickersPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
 
 namespace {
 

@@ -9,6 +9,8 @@
 #include "serverclient.h"
 #include "storyboard.h"
 
+#include <utility>
+
 ContentCategoryPager::ContentCategoryPager(QString ownPage, QString contentPage, QObject *parent)
     : CatalogScreen(parent)
     , m_ownPageIdentifier(std::move(ownPage))
@@ -90,8 +92,8 @@ bool ContentCategoryPager::show(const QJsonObject &answer)
         return !catalogs.isEmpty();
 
     catalogArray = catalogs;
-    qDeleteAll(m_contentPages);
-    m_contentPages.clear();
+    // The old pages go once the views have let go of them.
+    const QList<CatalogContentPage *> oldPages = std::exchange(m_contentPages, {});
     for (const auto &catalog : catalogArray) {
         ViewController *made
             = services().storyboard ? services().storyboard->instantiate(m_contentPageIdentifier) : nullptr;
@@ -109,6 +111,8 @@ bool ContentCategoryPager::show(const QJsonObject &answer)
         Q_EMIT currentIndexChanged();
     }
     Q_EMIT pagesChanged();
+    for (CatalogContentPage *page : oldPages)
+        page->deleteLater();
     // A catalog page that took the place of the one on show loads now.
     if (m_currentIndex > 0)
         static_cast<ViewController *>(pages().at(m_currentIndex))->viewWillAppear();

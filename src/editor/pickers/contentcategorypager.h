@@ -43,7 +43,6 @@ public:
     [[nodiscard]] QList<QObject *> pages() const;
     [[nodiscard]] int currentIndex() const { return m_currentIndex; }
     void setCurrentIndex(int index);
-    [[nodiscard]] CatalogContentPage *contentPage(int catalogIndex) const { return m_contentPages.value(catalogIndex); }
 
     /** Makes the "Pick your own" page, then loads the catalogs. */
     void viewDidLoad() override;

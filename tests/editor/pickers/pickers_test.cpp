@@ -94,6 +94,7 @@ TEST_F(Pickers, CatalogPictureBecomesTheEditorsBackgroundWithItsAddress)
 {
     BGContentCategoryPagerVC *pager = backgrounds();
     CatalogContentPage *page = showTab(pager, 1);
+    ASSERT_TRUE(page);
     ASSERT_EQ(page->loadingState(), State::Loaded);
     ASSERT_EQ(page->itemsArray.size(), 12);
     EXPECT_FALSE(page->isEmpty());
@@ -134,7 +135,7 @@ TEST_F(Pickers, WithoutServerOrCacheThePagerFailsAndRetryRecovers)
 TEST_F(Pickers, CachedCatalogsShowAtOnceAndAFailedCallLeavesThem)
 {
     BGContentCategoryPagerVC *first = backgrounds();
-    showTab(first, 2);
+    ASSERT_TRUE(showTab(first, 2));
     navigation.pop(false);
 
     server.server().setRefuseConnections(true);
@@ -143,6 +144,7 @@ TEST_F(Pickers, CachedCatalogsShowAtOnceAndAFailedCallLeavesThem)
     EXPECT_EQ(pager->loadingState(), State::Loaded);
     EXPECT_EQ(pager->tabTitles().size(), 4);
     CatalogContentPage *page = showTab(pager, 2);
+    ASSERT_TRUE(page);
     EXPECT_EQ(page->itemsArray.size(), 12);
     // A refused connection fails at once; the cached content stays.
     QTest::qWait(500);
@@ -154,6 +156,7 @@ TEST_F(Pickers, APictureThatCannotBeLoadedSaysSoAndStays)
 {
     BGContentCategoryPagerVC *pager = backgrounds();
     CatalogContentPage *page = showTab(pager, 3);
+    ASSERT_TRUE(page);
     ASSERT_FALSE(page->itemsArray.isEmpty());
     server.server().setRefuseConnections(true);
     page->didSelectItem(0);
@@ -227,6 +230,7 @@ TEST_F(Pickers, OwnPictureFromTheGalleryBecomesTheBackground)
 {
     BGContentCategoryPagerVC *pager = backgrounds();
     auto *own = qobject_cast<AddNewBackgroundVC *>(pager->pages().first());
+    ASSERT_TRUE(own);
     QSignalSpy gallery(own, &OwnPicturePage::galleryRequested);
     EXPECT_EQ(own->rows().size(), 2);
     own->selectRow(0);
@@ -257,6 +261,7 @@ TEST_F(Pickers, StickerPagerOfACategoryReplacesTheSelectedStickerWithTag1)
     EXPECT_EQ(pager->tabTitles(), (QStringList { "Pick your own", "Basic Shapes" }));
     EXPECT_EQ(static_cast<ViewController *>(pager->pages().first())->identifier(), QStringLiteral("AddStickerVC"));
     CatalogContentPage *page = showTab(pager, 1);
+    ASSERT_TRUE(page);
     ASSERT_TRUE(qobject_cast<StickerContentVC *>(page));
     page->didSelectItem(0);
     ASSERT_TRUE(waitFor([this] { return editor->sticker.has_value(); }));
@@ -276,6 +281,7 @@ TEST_F(Pickers, StickerPagerDefaultsToGraphicsAndAddsANewSticker)
     ASSERT_TRUE(waitFor([pager] { return pager->loadingState() == State::Loaded; }));
     EXPECT_EQ(pager->tabTitles(), (QStringList { "Pick your own", "Party & Love", "Nature" }));
     CatalogContentPage *page = showTab(pager, 2);
+    ASSERT_TRUE(page);
     page->didSelectItem(1);
     ASSERT_TRUE(waitFor([this] { return editor->sticker.has_value(); }));
     EXPECT_FALSE(editor->sticker->isStickerChange);

@@ -2,7 +2,17 @@
 
 #include "applog.h"
 #include "navigationcontroller.h"
+#include "serverclient.h"
 #include "storyboard.h"
+
+namespace {
+
+constexpr qint64 imageStories = 47;
+constexpr qint64 videoStories = 48;
+constexpr qint64 firstPage = 1;
+constexpr qint64 itemCount = 20;
+
+} // namespace
 
 AnimatedLaunchScreen::AnimatedLaunchScreen(QObject *parent)
     : ViewController(parent)
@@ -16,6 +26,16 @@ QStringList AnimatedLaunchScreen::columnPictures() const
             names.append(QStringLiteral("%1_img_%2").arg(QLatin1String(theme)).arg(n));
     }
     return names;
+}
+
+void AnimatedLaunchScreen::viewDidLoad()
+{
+    if (!m_client)
+        return;
+    // The answers are written to the cache by the client itself; nothing waits for them.
+    for (const qint64 subCategory : { imageStories, videoStories })
+        m_client->getTemplateWithCatalogs(subCategory, 0, firstPage, itemCount, nullptr,
+            [](const std::optional<QJsonObject> &, const std::optional<ApiError> &, bool) {});
 }
 
 void AnimatedLaunchScreen::animationCompleted()

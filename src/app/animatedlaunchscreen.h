@@ -4,9 +4,13 @@
 
 #include <QStringList>
 
+class ServerClient;
 class Storyboard;
 
-/** The animated launch screen: the logo animation plays once, then the home screen becomes the root. */
+/**
+ * The animated launch screen: while the logo animation plays once, the first pages of the image and video
+ * story catalogs are fetched into the cache; then the home screen becomes the root.
+ */
 class AnimatedLaunchScreen : public ViewController
 {
     Q_OBJECT
@@ -19,6 +23,8 @@ public:
 
     /** Where HomeVC comes from when the animation ends. */
     void setStoryboard(const Storyboard *storyboard) { m_storyboard = storyboard; }
+    /** The client whose cache the launch warms. */
+    void setServerClient(ServerClient *client) { m_client = client; }
     [[nodiscard]] QString logoLetter() const { return QStringLiteral("Q"); }
     [[nodiscard]] QStringList columnPictures() const;
 
@@ -27,6 +33,10 @@ public:
     /** The logo animation was cancelled: nothing further happens. */
     Q_INVOKABLE void animationCancelled();
 
+    /** Warms the catalog cache: the first page of image stories (47) and of video stories (48); answers are dropped. */
+    void viewDidLoad() override;
+
 private:
     const Storyboard *m_storyboard = nullptr;
+    ServerClient *m_client = nullptr; // lives as long as the application
 };

@@ -4,8 +4,8 @@
 #include "appdelegate.h"
 #include "apphelpers.h"
 #include "apppaths.h"
+#include "appservices.h"
 #include "assetimageprovider.h"
-#include "contentserver.h"
 #include "editimageportraitmode.h"
 #include "editvideoportraitmode.h"
 #include "fontpickerscreens.h"
@@ -16,16 +16,13 @@
 #include "pickerscreens.h"
 #include "preparationscreens.h"
 #include "qffontpicker.h"
-#include "serverclient.h"
 #include "storyboard.h"
-#include "userdefaults.h"
 
 #include <QCommandLineParser>
 #include <QDirIterator>
 #include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QNetworkAccessManager>
 #include <QQmlApplicationEngine>
 #include <QQmlComponent>
 #include <QQmlContext>
@@ -54,13 +51,14 @@ void registerShippedFonts()
         QFontDatabase::addApplicationFont(fonts.next());
 }
 
-void registerScreens(Storyboard &storyboard)
+void registerScreens(Storyboard &storyboard, ServerClient *client)
 {
     const QString views = QStringLiteral("qrc:/Quillet/App/");
     storyboard.registerFactory(QStringLiteral("AnimatedLaunchScreen"),
-        QUrl(views + QStringLiteral("AnimatedLaunchScreenView.qml")), [&storyboard] {
+        QUrl(views + QStringLiteral("AnimatedLaunchScreenView.qml")), [&storyboard, client] {
             auto *screen = new AnimatedLaunchScreen();
             screen->setStoryboard(&storyboard);
+            screen->setServerClient(client);
             return screen;
         });
     storyboard.registerScreen<HomeVC>(QStringLiteral("HomeVC"), QUrl(views + QStringLiteral("HomeVCView.qml")));
@@ -102,23 +100,6 @@ bool showScreen(
         navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
     navigation.push(screen, false);
     return true;
-}
-
-// The server named on the command line or in the settings; with none, the sample content server
-// starts inside the process on a free loopback port, so the application works out of the box.
-QUrl contentServerUrl(const QString &option, ContentServer &embedded)
-{
-    if (!option.isEmpty())
-        return QUrl::fromUserInput(option);
-    if (const auto setting = UserDefaults::standard().string(QStringLiteral("server_url"));
-        setting && !setting->isEmpty())
-        return QUrl::fromUserInput(*setting);
-    const int port = embedded.start(ContentServer::defaultContentDir());
-    if (port <= 0) {
-        qWarning() << "the sample content server could not start; catalogs stay empty";
-        return {};
-    }
-    return QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(port));
 }
 
 // --self-test: every screen's view is made once with a fresh controller, offscreen; any QML warning fails it.
@@ -178,33 +159,19 @@ int main(int argc, char **argv)
     AppPaths::ensureCreated();
     registerShippedFonts();
 
-    ContentServer embeddedServer;
-    const QUrl server = contentServerUrl(parser.value(QStringLiteral("server")), embeddedServer);
-    QNetworkAccessManager network;
-    ServerClient client(&network, ServerClient::apiBase(server));
-
-    // The font library: its own connection to the same server, fonts in the application's fonts folder.
-    FontpickerConnection fontSettings;
-    fontSettings.sub_category_id = 37;
-    fontSettings.serverURL = ServerClient::apiBase(server);
-    fontSettings.font_path = AppPaths::fonts();
-    fontSettings.intPimaryColor = QColor(0xE0, 0x58, 0x63);
-    fontSettings.barLeftGradientColor = fontSettings.intPimaryColor;
-    fontSettings.barRightGradientColor = QColor(0xF0, 0x7C, 0x82);
-    QFFontpicker fontpicker(&network, fontSettings);
-    fontpicker.start();
+    AppServices services(parser.value(QStringLiteral("server")));
 
     Storyboard storyboard;
-    registerScreens(storyboard);
-    FontpickerScreens::registerScreens(storyboard, &fontpicker);
-    PreparationScreens::registerScreens(storyboard, &client, &fontpicker);
+    registerScreens(storyboard, services.client());
+    FontpickerScreens::registerScreens(storyboard, services.fontpicker());
+    PreparationScreens::registerScreens(storyboard, services.client(), services.fontpicker());
     QStringList bgColors;
     for (const auto &entry : AppHelpers::bgColors())
         bgColors.append(entry->color.value_or(QString()));
-    PickerScreens::registerScreens(storyboard, &client, bgColors);
+    PickerScreens::registerScreens(storyboard, services.client(), bgColors);
     NavigationController navigation;
     AppDelegate delegate(&navigation, &storyboard);
-    delegate.setServerClient(&client);
+    services.attach(delegate);
 
     QQmlApplicationEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));

@@ -11,7 +11,6 @@
 #include "designstore.h"
 #include "gobackdelegate.h"
 #include "hexcolor.h"
-#include "imagecache.h"
 #include "layerview.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
@@ -25,7 +24,6 @@
 
 #include <QDebug>
 #include <QDir>
-#include <QFileInfo>
 #include <QFutureWatcher>
 #include <QGuiApplication>
 #include <QScreen>
@@ -290,12 +288,16 @@ QImage EditorSession::pictureFor(const QString &value) const
         if (!asset.isNull())
             return asset;
     }
-    const QImage local = PictureSource::load(value);
-    if (!local.isNull() || !masterJson || !masterJson->prefix_url || masterJson->prefix_url->isEmpty())
-        return local;
-    // A prepared template's pictures stay in the picture cache under their address on the content server.
-    return ImageCache::shared().imageFromCache(
-        *masterJson->prefix_url + QStringLiteral("resource/") + QFileInfo(value).fileName());
+    return PictureSource::load(value);
+}
+
+void EditorSession::showPicture(
+    const QString &value, View *host, const std::function<void(const QImage &picture)> &apply) const
+{
+    if (const QImage picture = pictureFor(value); !picture.isNull())
+        apply(picture);
+    else
+        PictureSource::show(value, host, apply);
 }
 
 bool EditorSession::loadTemplate(const std::shared_ptr<Json> &document)
@@ -366,11 +368,11 @@ nlohmann::ordered_json EditorSession::documentDictionary() const
 
 void EditorSession::loadSlots(bool reEdit)
 {
-    auto slotPicture
-        = [this](const std::optional<QImage> &selected, const std::optional<QString> &name) -> std::optional<QImage> {
-        if (selected)
-            return selected;
-        return nonEmpty(name) ? std::optional(pictureFor(*name)) : std::nullopt;
+    auto asBackground = [this](const std::optional<QImage> &selected, const std::optional<QString> &name) {
+        if (selected && !selected->isNull())
+            usePictureAsBackground(*selected);
+        else if (!selected && nonEmpty(name))
+            showPicture(*name, backgroundImageView, [this](const QImage &picture) { usePictureAsBackground(picture); });
     };
     if (masterJson->image_sticker_json) {
         for (const auto &record : *masterJson->image_sticker_json) {
@@ -389,11 +391,9 @@ void EditorSession::loadSlots(bool reEdit)
                 if (record->angle)
                     record->angle = *record->angle * M_PI / 180.0;
             }
-            const std::optional<QImage> picture
-                = slotPicture(record->image_sticker_selected_image, record->image_sticker_image);
             addImageSticker(frame, record, true);
-            if (is_pip && picture && !picture->isNull())
-                usePictureAsBackground(*picture);
+            if (is_pip)
+                asBackground(record->image_sticker_selected_image, record->image_sticker_image);
         }
     }
     imageLimit = 0;
@@ -415,12 +415,10 @@ void EditorSession::loadSlots(bool reEdit)
                 if (record->angle)
                     record->angle = *record->angle * M_PI / 180.0;
             }
-            const std::optional<QImage> picture
-                = slotPicture(record->image_sticker_selected_image, record->image_sticker_image);
             addFrameImageSticker(frame, record, true);
             ++imageLimit;
-            if (is_pip && picture && !picture->isNull())
-                usePictureAsBackground(*picture);
+            if (is_pip)
+                asBackground(record->image_sticker_selected_image, record->image_sticker_image);
         }
     }
 }
@@ -432,7 +430,7 @@ void EditorSession::loadFrame(bool reEdit)
         return;
     if (!reEdit)
         frame->frame_image = resolveName(*frame->frame_image);
-    fgImageView->setImage(pictureFor(*frame->frame_image));
+    showPicture(*frame->frame_image, fgImageView, [this](const QImage &picture) { fgImageView->setImage(picture); });
 }
 
 void EditorSession::loadStickers(bool reEdit)
@@ -509,9 +507,13 @@ void EditorSession::applyBackground(std::shared_ptr<BackgroundJson> record)
         defaultBgColor = backgroundImageView->backgroundColor();
     }
     if (nonEmpty(record->texture_image)) {
-        bgPatternImage = pictureFor(*record->texture_image);
-        if (!bgPatternImage.isNull())
-            backgroundImageView->setPatternColor(bgPatternImage);
+        // A picture that arrives after the background has changed again is dropped.
+        showPicture(*record->texture_image, backgroundImageView, [this, record](const QImage &picture) {
+            if (backgroundImageView->backgroundJson != record)
+                return;
+            bgPatternImage = picture;
+            backgroundImageView->setPatternColor(picture);
+        });
     }
     if (record->gradient_colors && !record->gradient_colors->isEmpty()) {
         bgGradientArray = *record->gradient_colors;
@@ -521,9 +523,12 @@ void EditorSession::applyBackground(std::shared_ptr<BackgroundJson> record)
         backgroundImageView->setGradient(colors);
     }
     if (nonEmpty(record->background_image)) {
-        const QImage picture = pictureFor(*record->background_image);
-        backgroundImageView->setImage(picture);
-        editedImage = defaultBgImage = croppedImage = croppedOriginalImage = picture;
+        showPicture(*record->background_image, backgroundImageView, [this, record](const QImage &picture) {
+            if (backgroundImageView->backgroundJson != record)
+                return;
+            backgroundImageView->setImage(picture);
+            editedImage = defaultBgImage = croppedImage = croppedOriginalImage = picture;
+        });
     }
 }
 
@@ -554,7 +559,8 @@ StaticResizableImageView *EditorSession::addImageSticker(
     if (record->image_sticker_selected_image)
         slot->contentImageView->setImage(*record->image_sticker_selected_image);
     else if (nonEmpty(record->image_sticker_image))
-        slot->contentImageView->setImage(pictureFor(*record->image_sticker_image));
+        showPicture(*record->image_sticker_image, slot,
+            [slot](const QImage &picture) { slot->contentImageView->setImage(picture); });
     viewMain->insertSubview(slot, viewMain->subviews().indexOf(fgImageView));
     if (record->angle)
         slot->applyAngle(*record->angle);
@@ -576,7 +582,7 @@ BorderedResizableImageView *EditorSession::addFrameImageSticker(
     if (record->image_sticker_selected_image)
         slot->setPicture(*record->image_sticker_selected_image);
     else if (nonEmpty(record->image_sticker_image))
-        slot->setPicture(pictureFor(*record->image_sticker_image));
+        showPicture(*record->image_sticker_image, slot, [slot](const QImage &picture) { slot->setPicture(picture); });
     viewMain->insertSubview(slot, viewMain->subviews().indexOf(fgImageView));
     if (record->angle)
         slot->applyAngle(*record->angle);

@@ -311,6 +311,8 @@ private:
     void startUndoHistory();
     [[nodiscard]] QString resolveName(const QString &name) const;
     [[nodiscard]] QImage pictureFor(const QString &value) const;
+    /** The picture at once when at hand, else loaded by address with the indicator over `host`. */
+    void showPicture(const QString &value, View *host, const std::function<void(const QImage &picture)> &apply) const;
     void fail(const QString &message);
 
     void openDocument();

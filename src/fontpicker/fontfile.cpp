@@ -3,11 +3,18 @@
 #include "fontnametable.h"
 #include "fontregistry.h"
 
+#include <QRawFont>
+
+namespace {
+constexpr qreal rawFontPixelSize = 12;
+}
+
 FontFile FontFile::create(const QByteArray &data)
 {
     FontFile font;
     const QList<FontNameTable> faces = FontNameTable::read(data);
-    if (faces.isEmpty())
+    // Names alone do not make a font: Qt has to load its outlines.
+    if (faces.isEmpty() || !QRawFont(data, rawFontPixelSize).isValid())
         return font;
     font.created = true;
     font.postScriptName = faces.first().postScriptName;

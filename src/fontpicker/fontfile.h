@@ -10,11 +10,11 @@
  */
 struct FontFile
 {
-    bool created = false; // the bytes are a font with faces
+    bool created = false; // Qt loaded the bytes as a font, and its faces have names
     bool registered = false;
     QString postScriptName; // of the first face; may be empty
 
-    /** Reads the faces of `data` (no registration). */
+    /** Reads the faces of `data` and has Qt load it (no registration). */
     [[nodiscard]] static FontFile create(const QByteArray &data);
     /** Creates the font of the file at `path` and registers it. */
     [[nodiscard]] static FontFile registerFile(const QString &path, const QByteArray &data);

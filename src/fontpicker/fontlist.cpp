@@ -5,6 +5,8 @@
 #include "userdefaults.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 namespace {
 
@@ -37,10 +39,11 @@ template<class Match> bool anyFont(const FontList::Catalogs &catalogs, Match mat
 
 std::optional<FontList::Catalogs> FontList::read()
 {
-    const std::optional<QString> text = UserDefaults::standard().string(DefaultsKey::qfFontJson);
-    if (!text)
-        return std::nullopt;
-    const nlohmann::ordered_json json = Mapper::parse(*text);
+    const QJsonValue value = UserDefaults::standard().value(DefaultsKey::qfFontJson);
+    // Earlier versions kept the array as JSON text; it reads the same.
+    const QByteArray text
+        = value.isArray() ? QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact) : value.toString().toUtf8();
+    const nlohmann::ordered_json json = Mapper::parse(QString::fromUtf8(text));
     if (!json.is_array())
         return std::nullopt;
     return catalogsOf(json);
@@ -51,7 +54,8 @@ void FontList::write(const Catalogs &catalogs)
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
     for (const auto &catalog : catalogs)
         array.push_back(Mapper::toJSON(*catalog));
-    UserDefaults::standard().setString(DefaultsKey::qfFontJson, Mapper::print(array, false));
+    UserDefaults::standard().setValue(
+        DefaultsKey::qfFontJson, QJsonDocument::fromJson(Mapper::print(array, false).toUtf8()).array());
 }
 
 FontList::Catalogs FontList::readDefault(const QString &path)

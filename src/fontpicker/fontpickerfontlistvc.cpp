@@ -43,6 +43,16 @@ void FontpickerFontListVC::show(const QJsonObject &answer)
 
 void FontpickerFontListVC::viewDidLoad()
 {
+    if (QFFontpicker *library = fontpicker())
+        connect(library, &QFFontpicker::resumed, this, [this] {
+            if (m_catalogs.isEmpty() && !m_loading)
+                load();
+        });
+    load();
+}
+
+void FontpickerFontListVC::load()
+{
     QFFontpicker *library = fontpicker();
     if (!library)
         return;

@@ -28,7 +28,7 @@ public:
     [[nodiscard]] QString message() const { return m_message; }
     [[nodiscard]] const QList<std::shared_ptr<FontpickerCatalogs>> &catalogs() const { return m_catalogs; }
 
-    /** Shows the cached answer, then asks the server. */
+    /** Shows the cached answer, then asks the server; again when the network resumes while the list is empty. */
     void viewDidLoad() override;
     /** A tap on a catalog: refused when present, else fetched with the progress alert and its result. */
     Q_INVOKABLE void didSelectItem(int index);
@@ -37,6 +37,7 @@ Q_SIGNALS:
     void itemsChanged();
 
 private:
+    void load();
     void show(const QJsonObject &answer);
 
     qint64 m_isFree;

@@ -7,6 +7,7 @@
 #include "fontpickerdownloadrequest.h"
 #include "fontpickerresponse.h"
 #include "mapper.h"
+#include "remoteaddress.h"
 #include "userdefaults.h"
 
 #include <QDir>
@@ -48,15 +49,11 @@ template<class Request> ApiCall makeCall(const QString &endpoint, const Request 
 
 /**
  * The Documents file for a font address: its last path component, whatever folders or encoded slashes the
- * name carries, so that a server's name never leads outside Documents. Empty when no name remains.
+ * name carries, so that a server's name never leads outside Documents. Empty when no usable name remains.
  */
 QString documentsFileFor(const QUrl &url)
 {
-    QString name = url.fileName(QUrl::FullyDecoded);
-    name = name.section(QLatin1Char('/'), -1).section(QLatin1Char('\\'), -1);
-    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String(".."))
-        return {};
-    return QDir(AppPaths::documents()).filePath(name);
+    return AppPaths::fileIn(AppPaths::documents(), url.fileName(QUrl::FullyDecoded));
 }
 
 /** Where a listed font's file lies: a path as it stands, an address as its file in Documents. */
@@ -67,14 +64,32 @@ QString listedFile(const QString &fontUrl)
     return documentsFileFor(QUrl(fontUrl));
 }
 
-/** GET into a Documents file (a previous one is replaced, a partial one never left); the file or the error. */
+/** Whether a file that a download would replace may go: none there, or a font (an earlier download). */
+bool mayReplace(const QString &path)
+{
+    QFile existing(path);
+    if (!existing.exists())
+        return true;
+    return existing.open(QIODevice::ReadOnly) && FontFile::create(existing.readAll()).created;
+}
+
+/**
+ * GET a font into its Documents file; the file or the error. Only web addresses go out, the bytes land only
+ * when Qt loads them as a font, never over a file that is not a font, and never half-written.
+ */
 void downloadToDocuments(QNetworkAccessManager *network, const QUrl &url, QObject *owner,
     std::function<void(const QString &path, const std::optional<QString> &error)> done)
 {
     const QString path = documentsFileFor(url);
+    auto refuse = [owner, done](const QString &why) {
+        QMetaObject::invokeMethod(owner, [done, why] { done({}, why); }, Qt::QueuedConnection);
+    };
+    if (!RemoteAddress::isRemote(url)) {
+        refuse(QStringLiteral("not a web address: ") + url.toString());
+        return;
+    }
     if (path.isEmpty()) {
-        QMetaObject::invokeMethod(
-            owner, [done] { done({}, QStringLiteral("the address names no file")); }, Qt::QueuedConnection);
+        refuse(QStringLiteral("the address names no file"));
         return;
     }
     QNetworkReply *reply = network->get(QNetworkRequest(url));
@@ -85,9 +100,17 @@ void downloadToDocuments(QNetworkAccessManager *network, const QUrl &url, QObjec
             done({}, reply->errorString());
             return;
         }
+        const QByteArray bytes = reply->readAll();
+        if (!FontFile::create(bytes).created) {
+            done({}, QStringLiteral("not a font: ") + QFileInfo(path).fileName());
+            return;
+        }
+        if (!mayReplace(path)) {
+            done({}, QStringLiteral("a file that is not a font has the name ") + QFileInfo(path).fileName());
+            return;
+        }
         QDir().mkpath(AppPaths::documents());
         QSaveFile file(path);
-        const QByteArray bytes = reply->readAll();
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
             done({}, file.errorString());
             return;
@@ -165,7 +188,9 @@ void QFFontpicker::getAllFontsByCatalogId(qint64 catalogId, QObject *context, Ap
 
 void QFFontpicker::downloadFont(const QString &urlString, QObject *context, FontCompletion completion)
 {
-    const QByteArray encoded = QUrl::toPercentEncoding(urlString, "!$&'()*+,;=:@/?#[]%-._~");
+    // The query character set: letters, digits and "-._~" stay, and "!$&'()*+,/:;=?@"; everything else,
+    // '%', '#', '[' and ']' among it, is encoded.
+    const QByteArray encoded = QUrl::toPercentEncoding(urlString, "!$&'()*+,/:;=?@");
     const QUrl url = QUrl::fromEncoded(encoded, QUrl::StrictMode);
     if (!url.isValid() || url.scheme().isEmpty() || url.host().isEmpty())
         return;

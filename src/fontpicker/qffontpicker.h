@@ -62,9 +62,13 @@ public:
     /** Adds a font file chosen by the user; the words to show. */
     [[nodiscard]] QString addCustomFont(const QString &path);
 
+    /** The connection is back: pages that could not reach the server try again. */
+    void networkResumed() { Q_EMIT resumed(); }
+
 Q_SIGNALS:
     /** The font list gained fonts. */
     void fontListChanged();
+    void resumed();
 
 private:
     void finishDownload(const QString &path, const FontCompletion &completion);

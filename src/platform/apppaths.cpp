@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace AppPaths {
 
 QString basePath()
@@ -32,6 +34,24 @@ QString tmp()
 QString database(const QString &name)
 {
     return basePath() + QLatin1Char('/') + name;
+}
+
+QString fileName(const QString &name)
+{
+    constexpr qsizetype maxNameBytes = 255;
+    const qsizetype slash = std::max(name.lastIndexOf(QLatin1Char('/')), name.lastIndexOf(QLatin1Char('\\')));
+    const QString last = name.mid(slash + 1);
+    const bool control = std::any_of(last.cbegin(), last.cend(), [](QChar c) { return c.category() == QChar::Other_Control; });
+    if (last.isEmpty() || last == QLatin1String(".") || last == QLatin1String("..") || control
+        || last.toUtf8().size() > maxNameBytes)
+        return {};
+    return last;
+}
+
+QString fileIn(const QString &folder, const QString &name)
+{
+    const QString file = fileName(name);
+    return file.isEmpty() ? QString() : folder + QLatin1Char('/') + file;
 }
 
 void ensureCreated()

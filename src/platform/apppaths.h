@@ -16,6 +16,14 @@ namespace AppPaths {
 [[nodiscard]] QString tmp();
 /** A database file of the given name below the base path. */
 [[nodiscard]] QString database(const QString &name);
+/**
+ * The name a file named by a server or a document may take inside one of the application's folders: its
+ * last component after any '/' or '\\', or empty when nothing usable is left ("", ".", "..", a control
+ * character such as NUL, more than 255 bytes).
+ */
+[[nodiscard]] QString fileName(const QString &name);
+/** `folder` + "/" + fileName(name), or empty when the name leaves nothing usable. */
+[[nodiscard]] QString fileIn(const QString &folder, const QString &name);
 /** Creates the base path and its subdirectories where missing. */
 void ensureCreated();
 } // namespace AppPaths

@@ -2,6 +2,7 @@
 
 #include "apppaths.h"
 #include "imagedecoder.h"
+#include "remoteaddress.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -67,8 +68,9 @@ ImageCache &ImageCache::shared()
     return *cache;
 }
 
-QString ImageCache::diskPath(const QString &address)
+QString ImageCache::diskPath(const QUrl &url)
 {
+    const QString address = RemoteAddress::key(url);
     const QByteArray hash = QCryptographicHash::hash(address.toUtf8(), QCryptographicHash::Sha1).toHex();
     return AppPaths::database(QStringLiteral("ImageCache/")) + QString::fromLatin1(hash);
 }
@@ -78,11 +80,17 @@ void ImageCache::remember(const QString &address, const QImage &image)
     m_memory.insert(address, new QImage(image), cost(image));
 }
 
-QImage ImageCache::imageFromCache(const QString &address)
+bool ImageCache::isInMemory(const QUrl &url) const
 {
+    return m_memory.contains(RemoteAddress::key(url));
+}
+
+QImage ImageCache::imageFromCache(const QUrl &url)
+{
+    const QString address = RemoteAddress::key(url);
     if (const QImage *image = m_memory.object(address))
         return *image;
-    const QImage image = readDisk(diskPath(address));
+    const QImage image = readDisk(diskPath(url));
     if (!image.isNull())
         remember(address, image);
     return image;
@@ -90,7 +98,7 @@ QImage ImageCache::imageFromCache(const QString &address)
 
 void ImageCache::loadImage(const QUrl &url, QObject *context, Completion completion)
 {
-    const QString address = url.toString();
+    const QString address = RemoteAddress::key(url);
     const bool hasContext = context != nullptr;
     auto finish = [this, guard = QPointer<QObject>(context), hasContext, completion = std::move(completion)](
                       const QImage &image, const QString &error) {
@@ -104,7 +112,7 @@ void ImageCache::loadImage(const QUrl &url, QObject *context, Completion complet
         return;
     }
     whenDone<QImage>(
-        this, QtConcurrent::run(readDisk, diskPath(address)), [this, url, address, finish](const QImage &image) {
+        this, QtConcurrent::run(readDisk, diskPath(url)), [this, url, address, finish](const QImage &image) {
             if (!image.isNull()) {
                 remember(address, image);
                 finish(image, QString());
@@ -120,14 +128,15 @@ void ImageCache::loadImage(const QUrl &url, QObject *context, Completion complet
 
 void ImageCache::download(const QUrl &url, const std::function<void(const QImage &, const QString &)> &done)
 {
-    ++m_networkLoads;
-    if (!url.isValid() || url.scheme().isEmpty()) {
+    if (!RemoteAddress::isRemote(url)) {
         QMetaObject::invokeMethod(
-            this, [done, url] { done({}, QStringLiteral("not an address: ") + url.toString()); }, Qt::QueuedConnection);
+            this, [done, url] { done({}, QStringLiteral("not a web address: ") + url.toString()); },
+            Qt::QueuedConnection);
         return;
     }
+    ++m_networkLoads;
     QNetworkReply *reply = m_network->get(QNetworkRequest(url));
-    connect(reply, &QNetworkReply::finished, this, [this, reply, done, address = url.toString()] {
+    connect(reply, &QNetworkReply::finished, this, [this, reply, done, url] {
         reply->deleteLater();
         const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         if (reply->error() != QNetworkReply::NoError || (status != 0 && status != 200)) {
@@ -135,7 +144,8 @@ void ImageCache::download(const QUrl &url, const std::function<void(const QImage
             return;
         }
         const QByteArray bytes = reply->readAll();
-        const QString path = diskPath(address);
+        const QString path = diskPath(url);
+        const QString address = url.toString();
         whenDone<QImage>(this, QtConcurrent::run([bytes, path] {
             QImage image = ImageDecoder::decode(bytes);
             if (!image.isNull())

@@ -13,8 +13,9 @@ class QNetworkAccessManager;
 /**
  * Pictures by address, as the template screens preload them and the editor then finds them: a memory
  * cache (least recently used, bounded by pixels) over a disk cache below the base path, filled from the
- * network. Disk reads, decoding (WebP included) and disk writes run on the thread pool; completions come
- * back on the GUI thread. Loads of one address are not merged: each asks the network on a miss.
+ * network. Addresses are kept under one spelling (`RemoteAddress::key`), and only http and https go to
+ * the network. Disk reads, decoding (WebP included) and disk writes run on the thread pool; completions
+ * come back on the GUI thread. Loads of one address are not merged: each asks the network on a miss.
  * GUI thread only.
  */
 class ImageCache : public QObject
@@ -36,15 +37,15 @@ public:
     void loadImage(const QUrl &url, QObject *context, Completion completion);
 
     /** The picture of an address from memory or disk, or a null image; reads the disk on the caller's thread. */
-    [[nodiscard]] QImage imageFromCache(const QString &address);
-    [[nodiscard]] bool isInMemory(const QString &address) const { return m_memory.contains(address); }
+    [[nodiscard]] QImage imageFromCache(const QUrl &url);
+    [[nodiscard]] bool isInMemory(const QUrl &url) const;
     void clearMemory() { m_memory.clear(); }
 
     /** How many loads went to the network since the start. */
     [[nodiscard]] int networkLoads() const { return m_networkLoads; }
 
     /** The disk file of an address (it may not exist). */
-    [[nodiscard]] static QString diskPath(const QString &address);
+    [[nodiscard]] static QString diskPath(const QUrl &url);
 
 private:
     void remember(const QString &address, const QImage &image);

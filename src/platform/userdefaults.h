@@ -66,4 +66,8 @@ inline const QString imageId = QStringLiteral("imageid");
 inline const QString qfFontJson = QStringLiteral("qfFontJson");
 inline const QString hasDeletedAlphaEchoFont = QStringLiteral("v1_19_has_deleted_alpha_echo_font");
 inline const QString deviceToken = QStringLiteral("devicetoken");
+/** The content server to use instead of the embedded one. */
+inline const QString serverUrl = QStringLiteral("server_url");
+/** The loopback port of the embedded content server. */
+inline const QString embeddedServerPort = QStringLiteral("embedded_server_port");
 } // namespace DefaultsKey

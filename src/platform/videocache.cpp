@@ -1,6 +1,7 @@
 #include "videocache.h"
 
 #include "apppaths.h"
+#include "remoteaddress.h"
 #include "userdefaults.h"
 
 #include <QDateTime>
@@ -60,9 +61,9 @@ UserDefaults &VideoCache::index()
     return *m_index;
 }
 
-std::optional<QString> VideoCache::cachedFile(const QString &address)
+std::optional<QString> VideoCache::cachedFile(const QUrl &url)
 {
-    const std::optional<QString> name = index().string(address);
+    const std::optional<QString> name = index().string(RemoteAddress::key(url));
     if (!name)
         return std::nullopt;
     return AppPaths::documents() + QLatin1Char('/') + *name;
@@ -71,37 +72,59 @@ std::optional<QString> VideoCache::cachedFile(const QString &address)
 void VideoCache::fetch(const QUrl &url, QObject *context, Completion completion)
 {
     const bool hasContext = context != nullptr;
-    auto finish = [guard = QPointer<QObject>(context), hasContext, completion = std::move(completion)](
-                      const std::optional<QString> &file, const QString &error) {
+    Completion guarded = [guard = QPointer<QObject>(context), hasContext, completion = std::move(completion)](
+                             const std::optional<QString> &file, const QString &error) {
         if (hasContext && !guard)
             return;
         completion(file, error);
     };
-    const QString address = url.toString();
-    if (const std::optional<QString> file = cachedFile(address)) {
+    if (const std::optional<QString> file = cachedFile(url)) {
         QMetaObject::invokeMethod(
-            this, [finish, file] { finish(file, QString()); }, Qt::QueuedConnection);
+            this, [guarded, file] { guarded(file, QString()); }, Qt::QueuedConnection);
         return;
     }
+    const QString address = RemoteAddress::key(url);
+    const bool running = m_waiting.contains(address);
+    m_waiting[address].append(std::move(guarded));
+    if (running)
+        return;
+    if (!RemoteAddress::isRemote(url)) {
+        QMetaObject::invokeMethod(
+            this, [this, address, url] { finish(address, std::nullopt, QStringLiteral("not a web address: ") + url.toString()); },
+            Qt::QueuedConnection);
+        return;
+    }
+    download(url, address);
+}
+
+void VideoCache::download(const QUrl &url, const QString &address)
+{
     QNetworkReply *reply = m_network->get(QNetworkRequest(url));
-    connect(reply, &QNetworkReply::finished, this, [this, reply, address, finish] {
+    connect(reply, &QNetworkReply::finished, this, [this, reply, address] {
         reply->deleteLater();
         const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         if (reply->error() != QNetworkReply::NoError || (status != 0 && status != 200)) {
-            finish(std::nullopt, reply->errorString());
+            finish(address, std::nullopt, reply->errorString());
             return;
         }
         auto *watcher = new QFutureWatcher<QString>(this);
-        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, address, finish] {
+        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, address] {
             watcher->deleteLater();
             const QString name = watcher->result();
             if (name.isEmpty()) {
-                finish(std::nullopt, QStringLiteral("could not write the video to Documents"));
+                finish(address, std::nullopt, QStringLiteral("could not write the video to Documents"));
                 return;
             }
             index().setString(address, name);
-            finish(AppPaths::documents() + QLatin1Char('/') + name, QString());
+            finish(address, AppPaths::documents() + QLatin1Char('/') + name, QString());
         });
         watcher->setFuture(QtConcurrent::run(writeVideo, reply->readAll()));
     });
+}
+
+void VideoCache::finish(const QString &address, const std::optional<QString> &file, const QString &error)
+{
+    const QList<Completion> waiting = m_waiting.take(address);
+    for (const Completion &completion : waiting)
+        completion(file, error);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QHash>
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <QUrl>
@@ -13,8 +15,10 @@ class UserDefaults;
 /**
  * "VideoCache": a video by its remote address, as a file in Documents. The key is the full address, the
  * value the file's name; entries never expire, and a found entry is trusted without looking for its
- * file. The index is a key-value store of its own below the base path. The download and the file write
- * run off the GUI thread; completions come back on it. GUI thread only.
+ * file. The address is kept under one spelling (`RemoteAddress::key`), fetches of one address that overlap
+ * share one download, so no address ever has two files; only http and https go to the network. The index
+ * is a key-value store of its own below the base path. The file write runs off the GUI thread;
+ * completions come back on it. GUI thread only.
  */
 class VideoCache : public QObject
 {
@@ -30,7 +34,7 @@ public:
     static VideoCache &shared();
 
     /** The file of a cached address (Documents + "/" + the stored name), or nothing; no network. */
-    [[nodiscard]] std::optional<QString> cachedFile(const QString &address);
+    [[nodiscard]] std::optional<QString> cachedFile(const QUrl &url);
 
     /**
      * The cached file at once (later on the GUI thread), else a download named by the present time in
@@ -40,8 +44,12 @@ public:
 
 private:
     UserDefaults &index();
+    void download(const QUrl &url, const QString &address);
+    void finish(const QString &address, const std::optional<QString> &file, const QString &error);
 
     QNetworkAccessManager *m_network;
     std::unique_ptr<UserDefaults> m_index;
     QString m_indexPath;
+    /** The completions waiting for each address being downloaded. */
+    QHash<QString, QList<Completion>> m_waiting;
 };

@@ -2,7 +2,9 @@
 #include "apiclient.h"
 #include "contentserverfixture.h"
 
+#include <algorithm>
 #include <chrono>
+#include <functional>
 #include <thread>
 
 namespace {
@@ -148,6 +150,77 @@ TEST_F(ServerFaultsTest, AdminEndpointSwitchesFaultsOverHttp)
     }
     EXPECT_TRUE(back.has_value()) << "the listener opens again after the given time";
     EXPECT_EQ(client.http().Post("/__admin/faults", "[1]", "application/json")->status, 400);
+}
+
+TEST_F(ServerFaultsTest, HostileNamesFillDocumentsCatalogsAndPicturesAndEveryNameGetsAFile)
+{
+    const std::string target = "/srv/elsewhere";
+    server.server().setHostileNames(true, target);
+    std::vector<std::string> names;
+    auto collect = [&](const nlohmann::json &value, auto &&self) -> void {
+        if (value.is_string())
+            names.push_back(value.get<std::string>());
+        else if (value.is_structured())
+            for (const auto &child : value)
+                self(child, self);
+    };
+    for (int jsonId = 1001; jsonId <= 1004; ++jsonId) {
+        const auto document = client.call("getJsonData", { { "json_id", jsonId } }, token);
+        ASSERT_EQ(document->value("code", 0), 200);
+        const auto &data = document->at("data");
+        for (const char *key : { "frame_json", "sticker_json", "image_sticker_json", "text_json", "sample_image" })
+            collect(data.value(key, nlohmann::json()), collect);
+    }
+    auto holds = [&](const std::function<bool(const std::string &)> &test) {
+        return std::any_of(names.begin(), names.end(), test);
+    };
+    EXPECT_TRUE(holds([](const std::string &n) { return n.starts_with("..%2F..%2F"); }));
+    EXPECT_TRUE(holds([](const std::string &n) { return n.starts_with("../../"); }));
+    EXPECT_TRUE(holds([&](const std::string &n) { return n.starts_with(target + "/escape"); }));
+    EXPECT_TRUE(holds([&](const std::string &n) { return n.starts_with("file://" + target + "/escape"); }));
+    EXPECT_TRUE(holds([](const std::string &n) { return n.starts_with("..\\..\\"); }));
+    EXPECT_TRUE(holds([](const std::string &n) { return n.find('\0') != std::string::npos; }));
+    EXPECT_TRUE(holds([](const std::string &n) { return n.size() > 255; }));
+    const auto first = client.call("getJsonData", { { "json_id", 1001 } }, token);
+    EXPECT_NE(first->at("data").at("text_json")[0].value("fontPath", ""), "fonts/lobster.otf")
+        << "font paths are hostile too";
+
+    const auto fonts = client.call("getAllFontsByCatalogId", { { "catalog_id", 403 } }, token);
+    const auto &list = fonts->at("data").at("downloadFonts");
+    ASSERT_GE(list.size(), 3U);
+    EXPECT_TRUE(list[0].value("font_url", "").starts_with(
+        server.contentBase().toStdString() + "fonts/..%2F..%2F..%2F..%2Fescape0."));
+    EXPECT_TRUE(list[2].value("font_url", "").starts_with(target + "/escape2."));
+    const auto images = client.call("getImagesByCatalogId", { { "catalog_id", 301 } }, token);
+    EXPECT_EQ(images->at("data").at("image_list")[0].value("original_img", "").find(server.contentBase().toStdString()), 0U);
+
+    // Whatever a name below an asset folder says, a file of that folder's kind answers.
+    auto font = client.http().Get("/content/fonts/..%2F..%2F..%2F..%2Fescape0.ttf");
+    ASSERT_TRUE(font);
+    EXPECT_EQ(font->status, 200);
+    EXPECT_TRUE(font->get_header_value("Content-Type").starts_with("font/"));
+    auto picture = client.http().Get("/content/resource/" + std::string(300, 'a') + ".png");
+    EXPECT_EQ(picture->status, 200);
+    EXPECT_TRUE(picture->get_header_value("Content-Type").starts_with("image/"));
+
+    server.server().setHostileNames(false);
+    EXPECT_EQ(client.http().Get("/content/fonts/..%2F..%2F..%2F..%2Fescape0.ttf")->status, 404);
+    const auto plain = client.call("getAllFontsByCatalogId", { { "catalog_id", 403 } }, token);
+    EXPECT_EQ(plain->at("data").at("downloadFonts")[0].value("font_url", "").find("escape"), std::string::npos);
+    client.http().Post("/__admin/faults", R"({"hostile_names": true, "hostile_target": "/x"})", "application/json");
+    EXPECT_TRUE(server.server().faults().hostileNames);
+    EXPECT_EQ(server.server().faults().hostileTarget, "/x");
+}
+
+TEST_F(ServerFaultsTest, AnswersItsIdentityAndKeepsItsPortToItself)
+{
+    auto identity = client.http().Get(ContentServer::identityPath);
+    ASSERT_TRUE(identity);
+    EXPECT_EQ(nlohmann::json::parse(identity->body), nlohmann::json::parse(ContentServer::identity()));
+    ContentServer second;
+    second.setAccessLog(false);
+    EXPECT_EQ(second.start(ContentServer::defaultContentDir(), "127.0.0.1", server.server().port()), 0)
+        << "a second listener on a port in use is refused";
 }
 
 } // namespace

@@ -4,12 +4,14 @@
 
 #include <httplib.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <ctime>
 #include <fstream>
 #include <iterator>
 #include <sys/stat.h>
+#include <vector>
 
 namespace {
 
@@ -57,14 +59,40 @@ std::string AssetFiles::contentType(const std::filesystem::path &file)
     return "application/octet-stream";
 }
 
-int AssetFiles::serve(
-    const std::string &relative, const httplib::Request &req, httplib::Response &res, bool dropMidway) const
+std::filesystem::path AssetFiles::standIn(const std::string &relative) const
 {
-    const std::filesystem::path file = m_root / relative;
+    for (const char *folder : kFolders) {
+        if (!relative.starts_with(folder))
+            continue;
+        std::vector<std::filesystem::path> files;
+        std::error_code ec;
+        for (const auto &entry : std::filesystem::directory_iterator(m_root / folder, ec)) {
+            // Pictures that every decoder reads, fonts, videos, sounds: nothing of an unknown kind.
+            const std::string type = contentType(entry.path());
+            if (entry.is_regular_file(ec) && type != "image/webp" && type != "application/octet-stream"
+                && type != "application/json")
+                files.push_back(entry.path());
+        }
+        std::sort(files.begin(), files.end());
+        return files.empty() ? std::filesystem::path() : files.front();
+    }
+    return {};
+}
+
+int AssetFiles::serve(const std::string &relative, const httplib::Request &req, httplib::Response &res,
+    bool dropMidway, bool standIns) const
+{
+    std::filesystem::path file = m_root / relative;
     struct stat info
     {
     };
-    if (!allowed(relative) || ::stat(file.c_str(), &info) != 0 || !S_ISREG(info.st_mode)) {
+    const auto found = [&] { return ::stat(file.c_str(), &info) == 0 && S_ISREG(info.st_mode); };
+    bool usable = allowed(relative) && found();
+    if (!usable && standIns) {
+        file = standIn(relative);
+        usable = !file.empty() && found();
+    }
+    if (!usable) {
         res.status = 404;
         res.set_content("Not found", "text/plain");
         return 404;

@@ -3,6 +3,7 @@
 #include "assetfiles.h"
 #include "contentapi.h"
 #include "contentpack.h"
+#include "hostilenames.h"
 #include "httpbody.h"
 #include "tokenregistry.h"
 
@@ -74,6 +75,11 @@ bool ContentServer::Private::openListener(int wantedPort)
     auto fresh = std::make_unique<Listener>();
     // Idle keep-alive connections hold a worker, and closing the listener waits for the workers.
     fresh->server.set_keep_alive_timeout(1);
+    // Address reuse for a quick restart, but never a port shared with another listener.
+    fresh->server.set_socket_options([](socket_t sock) {
+        int yes = 1;
+        setsockopt(sock, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    });
     routes(fresh->server);
     std::string address;
     {
@@ -143,8 +149,11 @@ void ContentServer::Private::routes(httplib::Server &server)
             return faults;
         }();
         std::this_thread::sleep_for(current.latency);
-        const int status = assets->serve(req.matches[1].str(), req, res, current.dropMidBody);
+        const int status = assets->serve(req.matches[1].str(), req, res, current.dropMidBody, current.hostileNames);
         log(req, std::to_string(status), start);
+    });
+    server.Get(identityPath, [](const httplib::Request &, httplib::Response &res) {
+        res.set_content(identity(), "application/json");
     });
     server.Get(
         "/__admin/faults", [this](const httplib::Request &req, httplib::Response &res) { handleAdmin(req, res); });
@@ -204,6 +213,8 @@ void ContentServer::Private::handleApi(const httplib::Request &req, httplib::Res
         envelope = api->answerPromotion(endpoint, request, contentBaseFor(req));
     } else {
         envelope = api->answer(endpoint, request, bearerToken(req), contentBaseFor(req), current.tokenLifetime);
+        if (current.hostileNames && envelope.contains("data"))
+            HostileNames::rewrite(endpoint, envelope["data"], contentBaseFor(req), current.hostileTarget);
     }
     const std::string code = std::to_string(envelope.value("code", 0));
     HttpBody::send(res, envelope.dump(), "application/json", current.dropMidBody);
@@ -436,6 +447,19 @@ void ContentServer::setTokenLifetime(std::chrono::seconds lifetime)
     auto f = faults();
     f.tokenLifetime = lifetime;
     setFaults(f);
+}
+
+void ContentServer::setHostileNames(bool enabled, const std::string &target)
+{
+    auto f = faults();
+    f.hostileNames = enabled;
+    f.hostileTarget = target;
+    setFaults(f);
+}
+
+std::string ContentServer::identity()
+{
+    return R"({"name":"quillet-content-server"})";
 }
 
 std::filesystem::path ContentServer::defaultContentDir()

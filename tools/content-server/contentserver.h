@@ -58,6 +58,12 @@ public:
     void forceCode(const std::string &endpoint, int code, int times = 1, bool withoutNewToken = false);
     void clearForcedCode();
     void setTokenLifetime(std::chrono::seconds lifetime);
+    /** Hostile names in documents, font catalogs and picture lists; absolute ones point into `target`. */
+    void setHostileNames(bool enabled, const std::string &target = "/tmp");
+
+    /** GET this path of a running server answers `identity()`: how a client knows the server as this one. */
+    static constexpr const char *identityPath = "/__identity";
+    [[nodiscard]] static std::string identity();
 
     /**
      * Where the generated content pack lies: $QUILLET_CONTENT_DIR, else the build's "content" folder,

@@ -33,6 +33,9 @@ void FaultSettings::apply(const nlohmann::json &changes)
     take(changes, "http_500", http500);
     take(changes, "malformed_body", malformedBody);
     take(changes, "drop_mid_body", dropMidBody);
+    take(changes, "hostile_names", hostileNames);
+    if (const auto it = changes.find("hostile_target"); it != changes.end() && it->is_string())
+        hostileTarget = it->get<std::string>();
     if (const auto it = changes.find("force_code"); it != changes.end()) {
         forcedEndpoint.clear();
         forcedCode = 0;
@@ -55,5 +58,6 @@ nlohmann::json FaultSettings::toJson() const
             { "without_new_token", forcedWithoutNewToken } };
     return { { "latency_ms", latency.count() }, { "refuse_connections", refuseConnections }, { "http_500", http500 },
         { "malformed_body", malformedBody }, { "drop_mid_body", dropMidBody }, { "force_code", forced },
-        { "token_lifetime_s", tokenLifetime.count() } };
+        { "token_lifetime_s", tokenLifetime.count() }, { "hostile_names", hostileNames },
+        { "hostile_target", hostileTarget } };
 }

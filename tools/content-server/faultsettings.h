@@ -26,11 +26,18 @@ struct FaultSettings
     bool forcedWithoutNewToken = false;
     /** How long a guest token is accepted before a call gets 401 with its replacement. */
     std::chrono::seconds tokenLifetime { std::chrono::hours(24) };
+    /**
+     * Template documents, font catalogs and picture lists carry hostile names (see HostileNames), and every
+     * asset address below a folder answers with a file of that folder's kind, whatever its name.
+     */
+    bool hostileNames = false;
+    /** The folder outside the client's that absolute hostile names point into. */
+    std::string hostileTarget = "/tmp";
 
     /**
      * Applies the keys present in an admin request: latency_ms, refuse_connections, http_500, malformed_body,
      * drop_mid_body, force_code {endpoint, code, times, without_new_token} (null clears it), token_lifetime_s,
-     * reset (back to defaults first). Unknown keys and wrong types are ignored.
+     * hostile_names, hostile_target, reset (back to defaults first). Unknown keys and wrong types are ignored.
      */
     void apply(const nlohmann::json &changes);
     [[nodiscard]] nlohmann::json toJson() const;

@@ -31,37 +31,65 @@ constexpr qint64 imageStories = 47;
 constexpr qint64 videoStories = 48;
 constexpr qint64 highlights = 56;
 
-/** The card of `jsonId` as the catalogs give it (fresh or cached), or null. */
-std::shared_ptr<Json> findCard(ServerClient &client, qint64 jsonId, bool video)
+/**
+ * One answer of `getTemplateWithCatalogs` as the catalog screens read it: from the cache when offline (the
+ * sub-category entry for `catalog_id` 0), else from the server, which caches it on the way.
+ */
+std::shared_ptr<TemplateDataResponse> catalogPage(
+    ServerClient &client, bool offline, qint64 subCategory, qint64 catalogId, qint64 page)
+{
+    std::optional<QJsonObject> data;
+    if (offline) {
+        data = catalogId == 0 ? client.cachedTemplateWithCatalogs(subCategory)
+                              : client.cachedTemplateWithCatalogs(subCategory, catalogId, page);
+    } else {
+        QEventLoop loop;
+        const qint64 itemCount = subCategory == highlights ? 40 : 20;
+        client.getTemplateWithCatalogs(subCategory, catalogId, page, itemCount, nullptr,
+            [&](const std::optional<QJsonObject> &answer, const std::optional<ApiError> &, bool) {
+                data = answer;
+                loop.quit();
+            });
+        loop.exec();
+    }
+    return data ? Mapper::map<TemplateDataResponse>(*data) : nullptr;
+}
+
+std::shared_ptr<Json> cardIn(const TemplateDataResponse &answer, qint64 jsonId)
+{
+    for (const auto &card : answer.sample_cards.value_or(QList<std::shared_ptr<Json>>())) {
+        if (card && card->json_id == jsonId)
+            return card;
+    }
+    return nullptr;
+}
+
+/**
+ * The card of `jsonId` the way the catalog screens come to it: the sub-category's answer with its catalogs
+ * and the first catalog's first page, then each catalog page by page. Null when no page holds it.
+ */
+std::shared_ptr<Json> findCard(ServerClient &client, qint64 jsonId, bool video, bool offline)
 {
     const QList<qint64> subCategories
         = video ? QList<qint64> { videoStories } : QList<qint64> { imageStories, highlights };
     for (const qint64 subCategory : subCategories) {
-        QEventLoop loop;
-        std::optional<QJsonObject> first;
-        client.getTemplateWithCatalogs(subCategory, 0, 1, 100, nullptr,
-            [&](const std::optional<QJsonObject> &data, const std::optional<ApiError> &, bool) {
-                first = data;
-                loop.quit();
-            });
-        loop.exec();
-        const auto answer = first ? Mapper::map<TemplateDataResponse>(*first) : nullptr;
-        if (!answer)
+        const auto first = catalogPage(client, offline, subCategory, 0, 1);
+        if (!first)
             continue;
-        for (const auto &catalog : answer->category_list.value_or(QList<std::shared_ptr<CategoryList>>())) {
-            QEventLoop pageLoop;
-            std::optional<QJsonObject> page;
-            client.getTemplateWithCatalogs(subCategory, catalog->catalog_id.value_or(0), 1, 100, nullptr,
-                [&](const std::optional<QJsonObject> &data, const std::optional<ApiError> &, bool) {
-                    page = data;
-                    pageLoop.quit();
-                });
-            pageLoop.exec();
-            const auto cards = page ? Mapper::map<TemplateDataResponse>(*page) : nullptr;
-            for (const auto &card :
-                cards ? cards->sample_cards.value_or(QList<std::shared_ptr<Json>>()) : QList<std::shared_ptr<Json>>()) {
-                if (card && card->json_id == jsonId)
+        if (auto card = cardIn(*first, jsonId))
+            return card;
+        const auto catalogs = first->category_list.value_or(QList<std::shared_ptr<CategoryList>>());
+        for (qsizetype i = 0; i < catalogs.size(); ++i) {
+            // The first catalog's first page came with the sub-category's answer.
+            qint64 page = i == 0 ? 2 : 1;
+            bool more = i > 0 || first->is_next_page.value_or(false);
+            while (more) {
+                const auto answer = catalogPage(client, offline, subCategory, catalogs.at(i)->catalog_id.value_or(0), page++);
+                if (!answer)
+                    break;
+                if (auto card = cardIn(*answer, jsonId))
                     return card;
+                more = answer->is_next_page.value_or(false);
             }
         }
     }
@@ -98,16 +126,16 @@ int run(const QStringList &args)
 
     QNetworkAccessManager network;
     const QUrl apiBase = ServerClient::apiBase(server);
-    // The configured content base of this server: what a cached template's assets were fetched from.
-    PrefixUrl::set(server.resolved(QUrl(QStringLiteral("/content/"))).toString());
+    // The server in use is the base of a cached template's assets, as at the application's start.
+    PrefixUrl::set(PrefixUrl::forServer(server));
     ServerClient client(&network, apiBase);
     QFFontpicker fontpicker(&network, FontpickerConnection { fontSubCategory, {}, {}, apiBase, {}, {}, {} });
     fontpicker.start();
-    const std::shared_ptr<Json> card = findCard(client, jsonId, video);
-    if (!card)
-        return toolFail(QStringLiteral("no card with json_id %1").arg(jsonId));
     if (offline)
         Reachability::setForcedConnection(Reachability::Connection::Unavailable);
+    const std::shared_ptr<Json> card = findCard(client, jsonId, video, offline);
+    if (!card)
+        return toolFail(QStringLiteral("no card with json_id %1").arg(jsonId));
 
     Storyboard storyboard;
     PreparationScreens::registerScreens(storyboard, &client, &fontpicker);

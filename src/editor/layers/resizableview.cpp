@@ -125,10 +125,14 @@ void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWid
         text->foregroundColor = HexColor::fromString(color);
         text->applyForegroundColor();
     }
-    if (const QImage texture = PictureSource::load(json->texture_image.value_or(QString())); !texture.isNull()) {
-        text->patternColor = texture;
+    // A picture that arrives later applies only while the record still names it.
+    const QString texture = json->texture_image.value_or(QString());
+    PictureSource::show(texture, this, [json, text, texture](const QImage &picture) {
+        if (json->texture_image != texture)
+            return;
+        text->patternColor = picture;
         text->applyPattern();
-    }
+    });
     hideControls();
     text->setText(ResizableTextView::styled(json->text.value_or(QString()), json->text_style));
     if (const QString font = json->fontName.value_or(QString()); !font.isEmpty()) {
@@ -138,7 +142,12 @@ void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWid
     if (json->size)
         text->fontSize = *json->size;
     text->applyFontSize();
-    backgroundView->setImage(PictureSource::load(json->bg_image.value_or(QString())));
+    const QString bgImage = json->bg_image.value_or(QString());
+    backgroundView->setImage(QImage());
+    PictureSource::show(bgImage, this, [this, json, bgImage](const QImage &picture) {
+        if (json->bg_image == bgImage)
+            backgroundView->setImage(picture);
+    });
     if (json->opacity)
         text->setAlpha(*json->opacity / 100.0);
     switch (json->alignment) {

@@ -32,7 +32,7 @@ void ShowImageSample::finish()
     const std::optional<QString> ownImage = resultJson->sample_image;
     contentJson = resultJson;
     contentJson->sample_image = isHightLightEditor
-        ? std::optional<QString>(PrefixUrl::value() + QStringLiteral("resource/") + ownImage.value_or(QString()))
+        ? std::optional<QString>(PrefixUrl::pictureAddress(ownImage.value_or(QString())).toString())
         : cardImage;
     setState(State::Ready);
 }

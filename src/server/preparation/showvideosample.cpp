@@ -43,7 +43,7 @@ void ShowVideoSample::preloadWithVideo(const QStringList &names, const QString &
     if (!withVideo)
         return;
     const quint64 current = run();
-    VideoCache::shared().fetch(QUrl(PrefixUrl::value() + QStringLiteral("video/") + video), this,
+    VideoCache::shared().fetch(PrefixUrl::videoAddress(video), this,
         [this, current](const std::optional<QString> &file, const QString &error) {
             if (!isCurrent(current))
                 return;

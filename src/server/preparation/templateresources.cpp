@@ -1,5 +1,6 @@
 #include "templateresources.h"
 
+#include "apppaths.h"
 #include "json.h"
 
 namespace TemplateResources {
@@ -37,7 +38,9 @@ QStringList names(const Json &document, bool withBackground)
 
 QString fontFileName(const QString &fontPath)
 {
-    const QString last = fontPath.section(QLatin1Char('/'), -1);
+    const QString last = AppPaths::fileName(fontPath);
+    if (last.isEmpty())
+        return {};
     const qsizetype dot = last.lastIndexOf(QLatin1Char('.'));
     const QString name = dot < 0 ? last : last.left(dot);
     const QString extension = dot < 0 ? QString() : last.mid(dot + 1).toLower();

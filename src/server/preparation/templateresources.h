@@ -11,6 +11,9 @@ namespace TemplateResources {
  * empty names are left out, duplicates kept.
  */
 [[nodiscard]] QStringList names(const Json &document, bool withBackground);
-/** "Abc.TTF" in any folder becomes "Abc.ttf": the last component, its extension in lower case, trimmed. */
+/**
+ * "Abc.TTF" in any folder becomes "Abc.ttf": the last component, its extension in lower case, trimmed;
+ * empty when the path leaves no usable name.
+ */
 [[nodiscard]] QString fontFileName(const QString &fontPath);
 } // namespace TemplateResources

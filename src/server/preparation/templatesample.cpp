@@ -34,14 +34,6 @@ bool fontExists(const QString &name)
     return FontRegistry::shared().font(name, fontCheckSize).has_value();
 }
 
-/** The address of a picture the document names: as it stands when it is one, else below "resource/". */
-QString resourceAddress(const QString &name)
-{
-    if (name.startsWith(QLatin1String("http://")) || name.startsWith(QLatin1String("https://")))
-        return name;
-    return PrefixUrl::value() + QStringLiteral("resource/") + name;
-}
-
 } // namespace
 
 TemplateSample::TemplateSample(QObject *parent)
@@ -156,7 +148,7 @@ void TemplateSample::loadNewDesign()
         prepare();
         return;
     }
-    setPreview(QStringLiteral("image://cache/") + resourceAddress(sample), aspect);
+    setPreview(QStringLiteral("image://cache/") + PrefixUrl::pictureAddress(sample).toString(), aspect);
     if (!card.json_id)
         return;
     if (offline()) {
@@ -273,7 +265,7 @@ void TemplateSample::fetchMissingFonts(const QList<std::shared_ptr<TextJson>> &t
         }
         const QString path = *entry->fontPath;
         const QString oldName = *entry->fontName;
-        const QString url = PrefixUrl::value() + QStringLiteral("fonts/") + TemplateResources::fontFileName(path);
+        const QString url = PrefixUrl::fontAddress(TemplateResources::fontFileName(path));
         if (!m_fontpicker)
             continue;
         ++m_fontDownloads;
@@ -313,7 +305,7 @@ void TemplateSample::preload(const QStringList &names, std::function<void()> all
     m_resourceNames = names;
     const quint64 current = run();
     for (const QString &name : names) {
-        ImageCache::shared().loadImage(QUrl(PrefixUrl::value() + QStringLiteral("resource/") + name), this,
+        ImageCache::shared().loadImage(PrefixUrl::pictureAddress(name), this,
             [this, current, total = names.size(), allLoaded](const QImage &image, const QString &) {
                 if (!isCurrent(current))
                     return;

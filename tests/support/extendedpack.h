@@ -2,6 +2,7 @@
 
 #include "contentserver.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -10,9 +11,9 @@
 #include <filesystem>
 
 /**
- * The generated sample pack with templates of a test's own beside it: a temporary content folder whose
- * files link to the pack's, plus the added template documents, served by a real content server on a
- * loopback port. Add the templates, then start.
+ * The generated sample pack with templates and assets of a test's own beside it: a temporary content
+ * folder whose files link to the pack's, plus the added files, served by a real content server on a
+ * loopback port. Add the templates and assets, then start.
  */
 class ExtendedPack
 {
@@ -21,6 +22,8 @@ public:
 
     /** Adds a template document; its `json_id` names it. */
     void addTemplate(const nlohmann::json &document);
+    /** Adds an asset file at `relative` below the content base ("fonts/Odd #1.ttf"). */
+    void addAsset(const std::string &relative, const QByteArray &bytes);
     /** Starts the server on the folder; false when it did not start. */
     bool start();
 

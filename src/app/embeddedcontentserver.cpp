@@ -58,7 +58,8 @@ bool EmbeddedContentServer::answersAsContentServer(const QUrl &url, int timeoutM
     QEventLoop loop;
     QObject::connect(reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
     loop.exec();
+    if (reply->error() != QNetworkReply::NoError)
+        return false;
     const QJsonObject answer = QJsonDocument::fromJson(reply->readAll()).object();
-    const QJsonObject ours = QJsonDocument::fromJson(QByteArray::fromStdString(ContentServer::identity())).object();
-    return reply->error() == QNetworkReply::NoError && !ours.isEmpty() && answer == ours;
+    return answer == QJsonDocument::fromJson(QByteArray::fromStdString(ContentServer::identity())).object();
 }

@@ -9,6 +9,8 @@
 #include "fontpickerfontlistvc.h"
 #include "fontpickerpagervc.h"
 #include "fontregistry.h"
+#include "hostilenames.h"
+#include "hostilesandbox.h"
 #include "navigationcontroller.h"
 #include "qffontpicker.h"
 #include "testhome.h"
@@ -16,6 +18,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QNetworkAccessManager>
 #include <QTemporaryDir>
 #include <QTest>
@@ -134,21 +139,17 @@ TEST_F(Fontpicker, ListWithoutTextCatalogTakesNoEntryWhileTheDownloadSucceeds)
     EXPECT_FALSE(FontList::containsFontName(*FontList::read(), *result.name));
 }
 
-TEST_F(Fontpicker, FailedDownloadsAndHostileNamesNeverWriteOutsideDocuments)
+TEST_F(Fontpicker, FailedDownloadsAndFilesThatAreNoFontsLeaveNothingBehind)
 {
     library.start();
     const Download missing = download(server.contentBase() + QStringLiteral("fonts/NoSuchFont.otf"));
     EXPECT_FALSE(missing.success);
     EXPECT_FALSE(QFile::exists(QDir(AppPaths::documents()).filePath(QStringLiteral("NoSuchFont.otf"))));
 
-    const Download hostile = download(server.contentBase() + QStringLiteral("fonts/..%2F..%2Fx.ttf"));
-    EXPECT_FALSE(hostile.success);
-    EXPECT_FALSE(QFile::exists(home.filePath(QStringLiteral("x.ttf"))));
-    EXPECT_FALSE(QFile::exists(QDir(home.path()).filePath(QStringLiteral("../x.ttf"))));
-
-    // Not a font: downloaded, refused, not listed.
+    // Not a font: refused before it lands, not listed.
     const Download picture = download(server.contentBase() + QStringLiteral("resource/abstract_0.jpg"));
     EXPECT_FALSE(picture.success);
+    EXPECT_FALSE(QFile::exists(QDir(AppPaths::documents()).filePath(QStringLiteral("abstract_0.jpg"))));
     EXPECT_EQ(textFonts(), 3);
 
     // A string that makes no address: no completion at all.
@@ -157,6 +158,71 @@ TEST_F(Fontpicker, FailedDownloadsAndHostileNamesNeverWriteOutsideDocuments)
         [&](const std::optional<QString> &, bool, const std::optional<QString> &) { called = true; });
     QTest::qWait(100);
     EXPECT_FALSE(called);
+}
+
+TEST_F(Fontpicker, TheListIsStoredAsAnArrayAndTheOlderTextFormStillReads)
+{
+    library.start();
+    const QJsonValue stored = UserDefaults::standard().value(DefaultsKey::qfFontJson);
+    ASSERT_TRUE(stored.isArray());
+    EXPECT_EQ(stored.toArray().first().toObject().value(QStringLiteral("font_list")).type(), QJsonValue::Array);
+    UserDefaults::standard().setString(
+        DefaultsKey::qfFontJson, QString::fromUtf8(QJsonDocument(stored.toArray()).toJson()));
+    EXPECT_TRUE(FontList::containsFontName(*FontList::read(), QStringLiteral("LobsterTwo-BoldItalic")));
+}
+
+TEST(FontpickerHostileServer, FontsStayInDocumentsAndNeverReplaceAFileThatIsNoFont)
+{
+    HostileSandbox sandbox;
+    QFile font(QStringLiteral(QUILLET_SOURCE_ROOT "/src/editor/layers/fonts/BebasNeue-Regular.otf"));
+    ASSERT_TRUE(font.open(QIODevice::ReadOnly));
+    const QByteArray fontBytes = font.readAll();
+    for (const QString &extension : { QStringLiteral(".ttf"), QStringLiteral(".otf") })
+        sandbox.plant(extension, fontBytes);
+    // A design picture, whose name the server gives one of its fonts.
+    const QString design = QDir(AppPaths::documents()).filePath(QStringLiteral("20200101000000.jpg"));
+    QImage(4, 4, QImage::Format_RGB32).save(design);
+    QFile designFile(design);
+    ASSERT_TRUE(designFile.open(QIODevice::ReadOnly));
+    const QByteArray designBytes = designFile.readAll();
+    designFile.close();
+
+    TestContentServer server;
+    server.server().setHostileNames(true, sandbox.outside().toStdString());
+    QNetworkAccessManager network;
+    QFFontpicker library(&network, FontpickerConnection { 37, {}, {}, QUrl(server.apiBase()), {}, {}, {} });
+    library.start();
+    for (const qint64 catalogId : { 401, 402, 403, 404 }) {
+        FontpickerCatalogs catalog;
+        catalog.catalog_id = catalogId;
+        catalog.name = QStringLiteral("Hostile");
+        std::optional<bool> fetched;
+        library.fetchCatalog(catalog, nullptr, [&](bool success) { fetched = success; });
+        ASSERT_TRUE(QTest::qWaitFor([&] { return fetched.has_value(); }, 15000));
+        EXPECT_FALSE(*fetched) << "some of its fonts cannot be had";
+    }
+    // Each form once more by a single download, where it makes a web address.
+    for (std::size_t n = 0; n < HostileNames::count(); ++n) {
+        const QString address = QString::fromStdString(HostileNames::address(
+            n, server.contentBase().toStdString(), "fonts/", ".ttf", sandbox.outside().toStdString()));
+        if (!address.startsWith(QStringLiteral("http")))
+            continue;
+        bool done = false;
+        library.downloadFont(address, nullptr,
+            [&](const std::optional<QString> &, bool, const std::optional<QString> &) { done = true; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, 15000)) << n;
+    }
+
+    EXPECT_EQ(sandbox.strayFiles(), QStringList());
+    for (const QString &file : QDir(AppPaths::documents()).entryList(QDir::Files))
+        EXPECT_FALSE(file.startsWith(QStringLiteral("escape2")) || file.startsWith(QStringLiteral("escape3")))
+            << "a local file was copied in: " << file.toStdString();
+    ASSERT_TRUE(designFile.open(QIODevice::ReadOnly));
+    EXPECT_EQ(designFile.readAll(), designBytes) << "the design picture was replaced";
+    for (const auto &catalog : FontList::read().value_or(FontList::Catalogs())) {
+        for (const auto &listed : catalog->font_list.value_or(QList<std::shared_ptr<FontpickerFontList>>()))
+            EXPECT_FALSE(listed->font_url.value_or(QString()).startsWith(sandbox.outside()));
+    }
 }
 
 TEST_F(Fontpicker, CatalogPagesFetchWholeCatalogsOnceAndSayWhenTheyFail)

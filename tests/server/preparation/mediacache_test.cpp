@@ -2,11 +2,14 @@
 // and the never-expiring video entries.
 #include "apppaths.h"
 #include "contentserverfixture.h"
+#include "extendedpack.h"
 #include "imagecache.h"
 #include "imagedecoder.h"
 #include "testhome.h"
 #include "videocache.h"
 
+#include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QTest>
 
@@ -107,6 +110,43 @@ TEST(VideoCache, DownloadIsNamedByTimeAndItsEntryIsTrustedForeverWithoutTheNetwo
     const Fetched offline = fetchVideo(server.contentBase() + QStringLiteral("video/story_2.mp4"));
     EXPECT_FALSE(offline.file.has_value());
     EXPECT_FALSE(offline.error.isEmpty());
+}
+
+TEST(ImageCache, OneAddressIsOneEntryHoweverItIsSpelled)
+{
+    TestHome home;
+    ExtendedPack pack;
+    QImage picture(6, 4, QImage::Format_RGB32);
+    picture.fill(Qt::darkCyan);
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "PNG");
+    pack.addAsset("resource/my photo.png", png);
+    ASSERT_TRUE(pack.start());
+    ImageCache::shared().clearMemory();
+    ASSERT_FALSE(loadImage(pack.contentBase() + QStringLiteral("resource/my photo.png")).image.isNull());
+    const QString encoded = pack.contentBase() + QStringLiteral("resource/my%20photo.png");
+    EXPECT_TRUE(ImageCache::shared().isInMemory(encoded));
+    ImageCache::shared().clearMemory();
+    EXPECT_EQ(ImageCache::shared().imageFromCache(encoded).size(), picture.size());
+    EXPECT_EQ(QDir(AppPaths::database(QStringLiteral("ImageCache"))).entryList(QDir::Files).size(), 1);
+}
+
+TEST(VideoCache, OverlappingFetchesOfOneAddressShareOneDownloadAndOneFile)
+{
+    TestHome home;
+    TestContentServer server;
+    server.server().setLatency(std::chrono::milliseconds(200));
+    const QString address = server.contentBase() + QStringLiteral("video/story_2.mp4");
+    QList<std::optional<QString>> files;
+    for (const QString &spelling : { address, server.contentBase() + QStringLiteral("video/story%5F2.mp4") })
+        VideoCache::shared().fetch(QUrl(spelling), nullptr,
+            [&](const std::optional<QString> &file, const QString &) { files.append(file); });
+    ASSERT_TRUE(QTest::qWaitFor([&] { return files.size() == 2; }, 15000));
+    ASSERT_TRUE(files.at(0).has_value());
+    EXPECT_EQ(files.at(0), files.at(1));
+    EXPECT_EQ(QDir(AppPaths::documents()).entryList({ QStringLiteral("*.mov") }, QDir::Files).size(), 1);
 }
 
 } // namespace

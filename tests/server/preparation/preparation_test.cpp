@@ -1,6 +1,9 @@
 // Template preparation against the real content server: the road from a card to a document, its
 // fonts, its pictures, its failures, and the cache it falls back on.
 #include "alertmodel.h"
+#include "apppaths.h"
+#include "canvaspictures.h"
+#include "canvasrenderer.h"
 #include "designstore.h"
 #include "editimageportraitmode.h"
 #include "editvideoportraitmode.h"
@@ -10,6 +13,7 @@
 #include "mapper.h"
 #include "navigationcontroller.h"
 #include "nonfatalreporter.h"
+#include "prefixurl.h"
 #include "preparationscreens.h"
 #include "qffontpicker.h"
 #include "reachability.h"
@@ -23,6 +27,7 @@
 #include "testhome.h"
 #include "videocache.h"
 
+#include <QDir>
 #include <QFile>
 #include <QNetworkAccessManager>
 #include <QSignalSpy>
@@ -110,6 +115,41 @@ struct App
     Storyboard storyboard;
     NavigationController navigation;
 };
+
+/** A font file with names and nothing else: its name table reads, but no outline does. */
+QByteArray namesOnlyFont(const QString &postScriptName)
+{
+    QByteArray name;
+    for (const QChar c : postScriptName)
+        name.append(char(c.unicode() >> 8)).append(char(c.unicode() & 0xFF));
+    QByteArray font;
+    auto u16 = [&font](int value) { font.append(char(value >> 8 & 0xFF)).append(char(value & 0xFF)); };
+    auto u32 = [&](quint32 value) {
+        u16(int(value >> 16));
+        u16(int(value & 0xFFFF));
+    };
+    u32(0x00010000); // TrueType outlines, one table
+    u16(1);
+    u16(16);
+    u16(0);
+    u16(0);
+    u32(0x6E616D65); // 'name', at 28
+    u32(0);
+    u32(28);
+    u32(quint32(18 + name.size()));
+    u16(0); // format 0, one record, strings at 18
+    u16(1);
+    u16(18);
+    for (const int field : { 3, 1, 0x409, 6, int(name.size()), 0 }) // Windows English PostScript name
+        u16(field);
+    return font + name;
+}
+
+QByteArray packFont(const char *name)
+{
+    QFile file(QString::fromStdString((ContentServer::defaultContentDir() / "fonts" / name).string()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 QStringList nonFatalDomains()
 {
@@ -411,6 +451,97 @@ TEST_F(Preparation, SavedDesignWithALostFontOpensWithTheDefaultFontAndAReport)
     EXPECT_EQ(texts.at(1)->fontName, QStringLiteral("LobsterTwo-BoldItalic"));
     EXPECT_EQ(texts.at(2)->fontName, QStringLiteral("DancingScript"));
     EXPECT_EQ(nonFatalDomains(), QStringList { QStringLiteral("My Design Font Not Found") });
+}
+
+TEST_F(Preparation, FontThatQtCannotLoadFailsStaysUnlistedAndIsFetchedAgainOnRetry)
+{
+    pack.addAsset("fonts/NamesOnly.ttf", namesOnlyFont(QStringLiteral("QuilletNamesOnly")));
+    pack.addTemplate(document(9011, { text("QuilletNamesOnly", "fonts/NamesOnly.ttf") }));
+    ASSERT_TRUE(pack.start());
+    App app(pack.apiBase());
+    auto *screen = app.open(card(9011));
+    EXPECT_EQ(screen->state(), State::Failed);
+    EXPECT_EQ(screen->fontDownloads(), 1);
+    EXPECT_FALSE(FontList::containsFontName(*FontList::read(), QStringLiteral("QuilletNamesOnly")));
+    EXPECT_FALSE(QFile::exists(QDir(AppPaths::documents()).filePath(QStringLiteral("NamesOnly.ttf"))));
+    EXPECT_EQ(nonFatalDomains(), QStringList { QStringLiteral("Font Path Not Found") });
+
+    screen->reTryClicked();
+    ASSERT_TRUE(App::settle(screen));
+    EXPECT_EQ(screen->state(), State::Failed);
+    EXPECT_EQ(screen->fontDownloads(), 1) << "the font is asked for again";
+}
+
+TEST_F(Preparation, FontFileNamesWithQueryCharactersAreEncodedAndFetched)
+{
+    pack.addAsset("fonts/Quill #1 [50%].ttf", packFont("Cabin-Regular.otf"));
+    pack.addTemplate(document(9012, { text("QuilletOddFace", "any/Quill #1 [50%].TTF") }));
+    ASSERT_TRUE(pack.start());
+    App app(pack.apiBase());
+    auto *screen = app.open(card(9012));
+    ASSERT_EQ(screen->state(), State::Ready);
+    EXPECT_EQ(screen->contentJson->text_json->at(0)->fontName, QStringLiteral("Cabin-Regular"));
+    EXPECT_TRUE(QFile::exists(QDir(AppPaths::documents()).filePath(QStringLiteral("Quill #1 [50%].ttf"))));
+}
+
+TEST_F(Preparation, EditorLoadsPicturesTheCacheHasLostByAddressWithTheIndicator)
+{
+    nlohmann::json json = document(9013, { text("LobsterTwo-BoldItalic") });
+    json["text_json"][0]["texture_image"] = "{base}resource/pattern_0.png";
+    json["frame_json"] = { { "frame_image", "abstract_2.jpg" } };
+    json["background_json"] = { { "texture_image", "{base}resource/pattern_1.png" } };
+    json["image_sticker_json"] = { { { "image_sticker_image", "abstract_3.jpg" }, { "xPos", 100 }, { "yPos", 100 },
+        { "width", 400 }, { "height", 400 }, { "index", 1 } } };
+    pack.addTemplate(json);
+    ASSERT_TRUE(pack.start());
+    App app(pack.apiBase());
+    auto *screen = app.open(card(9013));
+    ASSERT_EQ(screen->state(), State::Ready);
+
+    // Nothing of the preload is left, in memory or on disk.
+    ImageCache::shared().clearMemory();
+    ASSERT_TRUE(QDir(AppPaths::database(QStringLiteral("ImageCache"))).removeRecursively());
+    screen->editClicked();
+    auto *editor = qobject_cast<EditorSession *>(app.navigation.topViewController());
+    ASSERT_NE(editor, nullptr);
+    editor->setWorkAreaSize(390, 700);
+    EXPECT_TRUE(pictureOnItsWay(editor->viewMain));
+    EXPECT_TRUE(editor->fgImageView->image().isNull());
+    // The indicator is for the screen only: an export leaves it out.
+    const QImage exported = CanvasRenderer::renderImage(*editor->viewMain, QSize(36, 64));
+    EXPECT_FALSE(exported.isNull());
+
+    ASSERT_TRUE(QTest::qWaitFor([editor] { return !pictureOnItsWay(editor->viewMain); }, 15000));
+    EXPECT_FALSE(editor->fgImageView->image().isNull());
+    EXPECT_FALSE(editor->bgPatternImage.isNull());
+    const QList<QImage> pictures = picturesOf(editor->viewMain);
+    EXPECT_GE(std::count_if(pictures.cbegin(), pictures.cend(), [](const QImage &picture) { return !picture.isNull(); }),
+        3) << "frame, slot and the text's pattern";
+}
+
+TEST_F(Preparation, CachedTemplateInAFreshStartFindsEveryPictureUnderTheKeyOfThePreload)
+{
+    nlohmann::json json = document(9014, nullptr, { sticker("abstract_1.jpg") });
+    json["frame_json"] = { { "frame_image", "abstract_2.jpg" } };
+    pack.addTemplate(json);
+    ASSERT_TRUE(pack.start());
+    App app(pack.apiBase());
+    ASSERT_EQ(app.open(card(9014))->state(), State::Ready);
+
+    // A new start: the prefix comes from the server in use, memory is empty, the server has gone.
+    PrefixUrl::set(PrefixUrl::forServer(QUrl(QString::fromStdString(pack.server().baseUrl()))));
+    ImageCache::shared().clearMemory();
+    pack.server().setRefuseConnections(true);
+    const int loads = ImageCache::shared().networkLoads();
+    auto *screen = app.open(card(9014));
+    ASSERT_EQ(screen->state(), State::Ready);
+    screen->editClicked();
+    auto *editor = qobject_cast<EditorSession *>(app.navigation.topViewController());
+    ASSERT_NE(editor, nullptr);
+    editor->setWorkAreaSize(390, 700);
+    EXPECT_FALSE(pictureOnItsWay(editor->viewMain));
+    EXPECT_FALSE(editor->fgImageView->image().isNull());
+    EXPECT_EQ(ImageCache::shared().networkLoads(), loads);
 }
 
 } // namespace

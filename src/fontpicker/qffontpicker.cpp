@@ -82,7 +82,8 @@ void downloadToDocuments(QNetworkAccessManager *network, const QUrl &url, QObjec
 {
     const QString path = documentsFileFor(url);
     auto refuse = [owner, done](const QString &why) {
-        QMetaObject::invokeMethod(owner, [done, why] { done({}, why); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            owner, [done, why] { done({}, why); }, Qt::QueuedConnection);
     };
     if (!RemoteAddress::isRemote(url)) {
         refuse(QStringLiteral("not a web address: ") + url.toString());

@@ -90,7 +90,10 @@ void VideoCache::fetch(const QUrl &url, QObject *context, Completion completion)
         return;
     if (!RemoteAddress::isRemote(url)) {
         QMetaObject::invokeMethod(
-            this, [this, address, url] { finish(address, std::nullopt, QStringLiteral("not a web address: ") + url.toString()); },
+            this,
+            [this, address, url] {
+                finish(address, std::nullopt, QStringLiteral("not a web address: ") + url.toString());
+            },
             Qt::QueuedConnection);
         return;
     }

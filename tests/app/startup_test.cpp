@@ -3,8 +3,8 @@
 // connectivity watcher reaches the font library.
 #include "animatedlaunchscreen.h"
 #include "appdelegate.h"
-#include "appservices.h"
 #include "apppaths.h"
+#include "appservices.h"
 #include "contentserverfixture.h"
 #include "fontpickerfontlistvc.h"
 #include "imagecache.h"

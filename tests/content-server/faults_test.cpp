@@ -188,11 +188,13 @@ TEST_F(ServerFaultsTest, HostileNamesFillDocumentsCatalogsAndPicturesAndEveryNam
     const auto fonts = client.call("getAllFontsByCatalogId", { { "catalog_id", 403 } }, token);
     const auto &list = fonts->at("data").at("downloadFonts");
     ASSERT_GE(list.size(), 3U);
-    EXPECT_TRUE(list[0].value("font_url", "").starts_with(
-        server.contentBase().toStdString() + "fonts/..%2F..%2F..%2F..%2Fescape0."));
+    EXPECT_TRUE(list[0]
+                    .value("font_url", "")
+                    .starts_with(server.contentBase().toStdString() + "fonts/..%2F..%2F..%2F..%2Fescape0."));
     EXPECT_TRUE(list[2].value("font_url", "").starts_with(target + "/escape2."));
     const auto images = client.call("getImagesByCatalogId", { { "catalog_id", 301 } }, token);
-    EXPECT_EQ(images->at("data").at("image_list")[0].value("original_img", "").find(server.contentBase().toStdString()), 0U);
+    EXPECT_EQ(
+        images->at("data").at("image_list")[0].value("original_img", "").find(server.contentBase().toStdString()), 0U);
 
     // Whatever a name below an asset folder says, a file of that folder's kind answers.
     auto font = client.http().Get("/content/fonts/..%2F..%2F..%2F..%2Fescape0.ttf");

@@ -79,8 +79,8 @@ std::filesystem::path AssetFiles::standIn(const std::string &relative) const
     return {};
 }
 
-int AssetFiles::serve(const std::string &relative, const httplib::Request &req, httplib::Response &res,
-    bool dropMidway, bool standIns) const
+int AssetFiles::serve(const std::string &relative, const httplib::Request &req, httplib::Response &res, bool dropMidway,
+    bool standIns) const
 {
     std::filesystem::path file = m_root / relative;
     struct stat info

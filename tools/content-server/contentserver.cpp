@@ -152,9 +152,8 @@ void ContentServer::Private::routes(httplib::Server &server)
         const int status = assets->serve(req.matches[1].str(), req, res, current.dropMidBody, current.hostileNames);
         log(req, std::to_string(status), start);
     });
-    server.Get(identityPath, [](const httplib::Request &, httplib::Response &res) {
-        res.set_content(identity(), "application/json");
-    });
+    server.Get(identityPath,
+        [](const httplib::Request &, httplib::Response &res) { res.set_content(identity(), "application/json"); });
     server.Get(
         "/__admin/faults", [this](const httplib::Request &req, httplib::Response &res) { handleAdmin(req, res); });
     server.Post(

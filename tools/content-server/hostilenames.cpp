@@ -81,8 +81,8 @@ std::string name(std::size_t n, const std::string &ext, const std::string &targe
     return "20200101000000.jpg";
 }
 
-std::string address(
-    std::size_t n, const std::string &base, const std::string &folder, const std::string &ext, const std::string &target)
+std::string address(std::size_t n, const std::string &base, const std::string &folder, const std::string &ext,
+    const std::string &target)
 {
     const std::string hostile = name(n, ext, target);
     const Form form = static_cast<Form>(n % FormCount);
@@ -93,9 +93,8 @@ void rewrite(const std::string &endpoint, nlohmann::json &data, const std::strin
 {
     std::size_t n = 0;
     auto named = [&](const std::string &fallback) {
-        return [&target, fallback](std::size_t i, const std::string &old) {
-            return name(i, extensionOf(old, fallback), target);
-        };
+        return [&target, fallback](
+                   std::size_t i, const std::string &old) { return name(i, extensionOf(old, fallback), target); };
     };
     auto addressed = [&](const std::string &folder, const std::string &fallback) {
         return [&base, &target, folder, fallback](std::size_t i, const std::string &old) {

@@ -23,8 +23,8 @@ namespace HostileNames {
 [[nodiscard]] std::string name(std::size_t n, const std::string &ext, const std::string &target);
 
 /** The n-th name as an address below `base` + `folder` ("resource/", "fonts/"), or as it stands when absolute. */
-[[nodiscard]] std::string address(
-    std::size_t n, const std::string &base, const std::string &folder, const std::string &ext, const std::string &target);
+[[nodiscard]] std::string address(std::size_t n, const std::string &base, const std::string &folder,
+    const std::string &ext, const std::string &target);
 
 /**
  * Rewrites the `data` of one API answer: the pictures, fonts and video of a template document, the fonts of

@@ -84,7 +84,8 @@ std::shared_ptr<Json> findCard(ServerClient &client, qint64 jsonId, bool video, 
             qint64 page = i == 0 ? 2 : 1;
             bool more = i > 0 || first->is_next_page.value_or(false);
             while (more) {
-                const auto answer = catalogPage(client, offline, subCategory, catalogs.at(i)->catalog_id.value_or(0), page++);
+                const auto answer
+                    = catalogPage(client, offline, subCategory, catalogs.at(i)->catalog_id.value_or(0), page++);
                 if (!answer)
                     break;
                 if (auto card = cardIn(*answer, jsonId))

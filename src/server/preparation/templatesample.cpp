@@ -2,7 +2,6 @@
 
 #include "alertmodel.h"
 #include "applog.h"
-#include "apppaths.h"
 #include "editorsession.h"
 #include "fontlist.h"
 #include "fontregistry.h"
@@ -11,6 +10,7 @@
 #include "mapper.h"
 #include "navigationcontroller.h"
 #include "nonfatalreporter.h"
+#include "picturesource.h"
 #include "prefixurl.h"
 #include "qffontpicker.h"
 #include "reachability.h"
@@ -20,7 +20,6 @@
 #include "storyboard.h"
 #include "templateresources.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QJsonDocument>
 
@@ -325,10 +324,14 @@ void TemplateSample::loadReEdit()
 {
     const Json &design = *reEditJson;
     const qreal aspect = design.height.value_or(0) > 0 ? design.width.value_or(0) / *design.height : 0;
-    const QString sample = design.sample_image.value_or(QString());
-    const QUrl url(sample);
-    const QString file = url.isLocalFile() ? url.toLocalFile() : QDir(AppPaths::documents()).filePath(sample);
-    setPreview(QUrl::fromLocalFile(file).toString(), aspect);
+    // The saved preview: a file of the application's own, or a web address through the picture cache.
+    const PictureSource::Location preview = PictureSource::locate(design.sample_image.value_or(QString()));
+    QString source;
+    if (!preview.file.isEmpty())
+        source = QUrl::fromLocalFile(preview.file).toString();
+    else if (!preview.address.isEmpty())
+        source = QStringLiteral("image://cache/") + preview.address.toString();
+    setPreview(source, aspect);
     checkSavedFonts();
 }
 

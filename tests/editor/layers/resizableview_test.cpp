@@ -233,20 +233,19 @@ TEST(TextShadow, SliderValuesReachTheRecordOnlyWhenStored)
 
 TEST(TextColour, APlainColourClearsTheTexture)
 {
-    TestHome home;
-    AppPaths::ensureCreated();
+    Text t(QRectF(28, 58, 100, 100));
     QImage tile(8, 8, QImage::Format_RGB32);
     tile.fill(Qt::green);
     auto json = record(QStringLiteral("Hi"));
     json->texture_image = QDir(AppPaths::documents()).filePath(PictureFile::write(tile));
-    const auto t = Text::loaded(json);
-    EXPECT_TRUE(t->layer->textView->patternColor.has_value());
-    EXPECT_EQ(t->layer->textView->textAttributes.foreground->style(), Qt::TexturePattern);
+    t.layer->loadFromJson(json, 400, 1, true);
+    EXPECT_TRUE(t.layer->textView->patternColor.has_value());
+    EXPECT_EQ(t.layer->textView->textAttributes.foreground->style(), Qt::TexturePattern);
     EXPECT_TRUE(json->texture_image.has_value());
 
-    t->layer->textView->foregroundColor = QColor(Qt::blue);
-    t->layer->textView->applyForegroundColor();
-    EXPECT_FALSE(t->layer->textView->patternColor.has_value());
+    t.layer->textView->foregroundColor = QColor(Qt::blue);
+    t.layer->textView->applyForegroundColor();
+    EXPECT_FALSE(t.layer->textView->patternColor.has_value());
     EXPECT_FALSE(json->texture_image.has_value());
     EXPECT_EQ(json->color, "#0000ff");
 }

@@ -141,8 +141,8 @@ TEST(VideoCache, OverlappingFetchesOfOneAddressShareOneDownloadAndOneFile)
     const QString address = server.contentBase() + QStringLiteral("video/story_2.mp4");
     QList<std::optional<QString>> files;
     for (const QString &spelling : { address, server.contentBase() + QStringLiteral("video/story%5F2.mp4") })
-        VideoCache::shared().fetch(QUrl(spelling), nullptr,
-            [&](const std::optional<QString> &file, const QString &) { files.append(file); });
+        VideoCache::shared().fetch(
+            QUrl(spelling), nullptr, [&](const std::optional<QString> &file, const QString &) { files.append(file); });
     ASSERT_TRUE(QTest::qWaitFor([&] { return files.size() == 2; }, 15000));
     ASSERT_TRUE(files.at(0).has_value());
     EXPECT_EQ(files.at(0), files.at(1));

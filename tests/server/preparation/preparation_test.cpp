@@ -515,8 +515,9 @@ TEST_F(Preparation, EditorLoadsPicturesTheCacheHasLostByAddressWithTheIndicator)
     EXPECT_FALSE(editor->fgImageView->image().isNull());
     EXPECT_FALSE(editor->bgPatternImage.isNull());
     const QList<QImage> pictures = picturesOf(editor->viewMain);
-    EXPECT_GE(std::count_if(pictures.cbegin(), pictures.cend(), [](const QImage &picture) { return !picture.isNull(); }),
-        3) << "frame, slot and the text's pattern";
+    EXPECT_GE(
+        std::count_if(pictures.cbegin(), pictures.cend(), [](const QImage &picture) { return !picture.isNull(); }), 3)
+        << "frame, slot and the text's pattern";
 }
 
 TEST_F(Preparation, CachedTemplateInAFreshStartFindsEveryPictureUnderTheKeyOfThePreload)

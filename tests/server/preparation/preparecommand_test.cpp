@@ -31,8 +31,8 @@ TEST(PrepareCommand, AFreshProcessPreparesFromTheCachesAloneAsTheCatalogScreensR
     server.server().setRefuseConnections(true);
     const ToolRun video = prepare(QStringLiteral("1026"), { QStringLiteral("--video"), QStringLiteral("--offline") });
     EXPECT_EQ(video.exitCode, 0) << video.err.toStdString();
-    EXPECT_EQ(Mapper::map<Json>(video.out)->background_json->background_image,
-        document->background_json->background_image);
+    EXPECT_EQ(
+        Mapper::map<Json>(video.out)->background_json->background_image, document->background_json->background_image);
     const ToolRun image = prepare(QStringLiteral("1009"), { QStringLiteral("--offline") });
     EXPECT_EQ(image.exitCode, 0) << image.err.toStdString();
     EXPECT_EQ(Mapper::map<Json>(image.out)->json_id, 1009);
@@ -42,7 +42,8 @@ TEST(PrepareCommand, AFreshProcessPreparesFromTheCachesAloneAsTheCatalogScreensR
     EXPECT_EQ(uncached.exitCode, 1);
     EXPECT_TRUE(uncached.out.isEmpty());
     EXPECT_TRUE(uncached.err.trimmed().endsWith(QStringLiteral("failed")));
-    const ToolRun unlisted = prepare(QStringLiteral("1030"), { QStringLiteral("--video"), QStringLiteral("--offline") });
+    const ToolRun unlisted
+        = prepare(QStringLiteral("1030"), { QStringLiteral("--video"), QStringLiteral("--offline") });
     EXPECT_EQ(unlisted.exitCode, 1);
     EXPECT_TRUE(unlisted.err.contains(QStringLiteral("no card with json_id 1030")));
 }

@@ -39,7 +39,7 @@ QString forServer(const QUrl &server)
 
 QUrl pictureAddress(const QString &name)
 {
-    if (const QUrl url(name); RemoteAddress::isRemote(url))
+    if (QUrl url(name); RemoteAddress::isRemote(url))
         return url;
     return below(QStringLiteral("resource/"), name);
 }

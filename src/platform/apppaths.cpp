@@ -40,7 +40,7 @@ QString fileName(const QString &name)
 {
     constexpr qsizetype maxNameBytes = 255;
     const qsizetype slash = std::max(name.lastIndexOf(QLatin1Char('/')), name.lastIndexOf(QLatin1Char('\\')));
-    const QString last = name.mid(slash + 1);
+    QString last = name.mid(slash + 1);
     const bool control
         = std::any_of(last.cbegin(), last.cend(), [](QChar c) { return c.category() == QChar::Other_Control; });
     if (last.isEmpty() || last == QLatin1String(".") || last == QLatin1String("..") || control

@@ -17,7 +17,7 @@
 namespace {
 
 // About 64 full-screen story pictures.
-constexpr qsizetype memoryPixels = 64 * 1080 * 1920;
+constexpr qsizetype memoryPixels = qsizetype(64) * 1080 * 1920;
 constexpr int requestTimeoutMs = 35000;
 
 qsizetype cost(const QImage &image)
@@ -90,7 +90,7 @@ QImage ImageCache::imageFromCache(const QUrl &url)
     const QString address = RemoteAddress::key(url);
     if (const QImage *image = m_memory.object(address))
         return *image;
-    const QImage image = readDisk(diskPath(url));
+    QImage image = readDisk(diskPath(url));
     if (!image.isNull())
         remember(address, image);
     return image;

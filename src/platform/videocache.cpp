@@ -25,7 +25,7 @@ QString writeVideo(const QByteArray &bytes)
     qint64 stamp = QDateTime::currentMSecsSinceEpoch();
     while (documents.exists(QString::number(stamp) + QStringLiteral(".mov")))
         ++stamp;
-    const QString name = QString::number(stamp) + QStringLiteral(".mov");
+    QString name = QString::number(stamp) + QStringLiteral(".mov");
     QSaveFile file(documents.filePath(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         return {};

@@ -7,7 +7,7 @@ PACKAGES=(
   build-essential cmake ninja-build pkg-config git ca-certificates
   qt6-base-dev qt6-base-dev-tools qt6-declarative-dev qt6-declarative-dev-tools
   qt6-multimedia-dev qt6-svg-dev qt6-lottie-dev qt6-5compat-dev qt6-tools-dev-tools
-  qt6-qpa-plugins qt6-image-formats-plugins libqt6opengl6-dev
+  qt6-qpa-plugins qt6-image-formats-plugins libqt6opengl6-dev libqt6printsupport6
   qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-layouts
   qml6-module-qtquick-window qml6-module-qtquick-templates qml6-module-qtquick-shapes
   qml6-module-qtquick-dialogs qml6-module-qtqml-workerscript qml6-module-qtqml-models

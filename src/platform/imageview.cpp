@@ -1,5 +1,11 @@
 #include "imageview.h"
 
+#include "scaledpicturecache.h"
+
+#include <QtMath>
+
+#include <cmath>
+
 ImageView::ImageView(const QRectF &frame, QObject *parent)
     : View(frame, parent)
 { }
@@ -46,6 +52,11 @@ void ImageView::paintContent(QPainter &painter) const
     if (m_contentMode == ContentMode::ScaleAspectFill || m_contentMode == ContentMode::Center)
         painter.setClipRect(bounds(), Qt::IntersectClip);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(imageRect(), m_image);
+    const QRectF target = imageRect();
+    // A picture drawn smaller than it is comes from the scaled-picture cache, once per size.
+    const QTransform device = painter.combinedTransform();
+    const qreal deviceScale = std::sqrt(std::abs(device.determinant()));
+    const QSize drawn(qCeil(target.width() * deviceScale), qCeil(target.height() * deviceScale));
+    painter.drawImage(target, ScaledPictureCache::scaled(m_image, drawn));
     painter.restore();
 }

@@ -1,6 +1,7 @@
 #include "navigationcontroller.h"
 
 #include "alertmodel.h"
+#include "panelmodel.h"
 
 NavigationController::NavigationController(QObject *parent)
     : QObject(parent)
@@ -122,4 +123,19 @@ void NavigationController::presentAlert(AlertModel *alert)
     });
     if (m_alerts.size() == 1)
         Q_EMIT alertChanged();
+}
+
+void NavigationController::presentPanel(PanelModel *panel)
+{
+    panel->setParent(this);
+    m_panels.append(panel);
+    Q_EMIT panelChanged();
+}
+
+void NavigationController::dismissPanel(PanelModel *panel)
+{
+    if (!m_panels.removeOne(panel))
+        return;
+    panel->deleteLater();
+    Q_EMIT panelChanged();
 }

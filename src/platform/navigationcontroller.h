@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panelmodel.h"
 #include "viewcontroller.h"
 
 #include <QList>
@@ -21,6 +22,8 @@ class NavigationController : public QObject
     Q_PROPERTY(int depth READ depth NOTIFY stackChanged)
     /** The alert on screen, or null. */
     Q_PROPERTY(AlertModel *alert READ alert NOTIFY alertChanged)
+    /** The blocking notice on screen, or null. */
+    Q_PROPERTY(PanelModel *panel READ panel NOTIFY panelChanged)
 public:
     explicit NavigationController(QObject *parent = nullptr);
     ~NavigationController() override;
@@ -30,6 +33,7 @@ public:
     [[nodiscard]] int depth() const { return int(m_stack.size()); }
     [[nodiscard]] QList<ViewController *> viewControllers() const { return m_stack; }
     [[nodiscard]] AlertModel *alert() const { return m_alerts.isEmpty() ? nullptr : m_alerts.first(); }
+    [[nodiscard]] PanelModel *panel() const { return m_panels.isEmpty() ? nullptr : m_panels.last(); }
 
     /** Replaces the whole stack by `root`. */
     void setRoot(ViewController *root);
@@ -43,6 +47,10 @@ public:
     Q_INVOKABLE void dismiss(bool animated = true);
     /** Shows an alert; alerts queue up and show one at a time. Takes ownership. */
     void presentAlert(AlertModel *alert);
+    /** Shows a blocking notice over everything until it is dismissed; the newest shows. Takes ownership. */
+    void presentPanel(PanelModel *panel);
+    /** Takes the notice away and deletes it later. */
+    void dismissPanel(PanelModel *panel);
 
 Q_SIGNALS:
     void stackChanged();
@@ -50,6 +58,7 @@ Q_SIGNALS:
     void popped(int newDepth, bool animated);
     void rootReplaced(ViewController *root);
     void alertChanged();
+    void panelChanged();
 
 private:
     void adopt(ViewController *vc);
@@ -57,4 +66,5 @@ private:
     void release(ViewController *vc);
     QList<ViewController *> m_stack;
     QList<AlertModel *> m_alerts;
+    QList<PanelModel *> m_panels;
 };

@@ -86,6 +86,14 @@ public:
      * in this view's coordinates; a kind of view with content of its own overrides it.
      */
     virtual void paintContent(QPainter &painter) const;
+    /**
+     * Whether drawing the content costs work that does not shrink with the area drawn (laying out a
+     * text, blurring its shadow), so that a render in bands draws it once into a picture and puts that
+     * picture into every band it touches.
+     */
+    [[nodiscard]] virtual bool hasCostlyContent() const { return false; }
+    /** Where in this view's coordinates the content may draw: the bounds, unless a shadow or glyphs reach out. */
+    [[nodiscard]] virtual QRectF paintExtent() const { return m_bounds; }
 
 Q_SIGNALS:
     /** Something that affects drawing changed: geometry, alpha, visibility, stacking or content. */

@@ -290,3 +290,8 @@ void ResizableTextView::paintContent(QPainter &painter) const
     }
     TextLayoutEngine::draw(painter, m_attributed, bounds());
 }
+
+QRectF ResizableTextView::paintExtent() const
+{
+    return TextLayoutEngine::paintExtent(m_attributed, bounds());
+}

@@ -80,6 +80,9 @@ public:
     [[nodiscard]] static QString styled(const QString &text, qint64 style);
 
     void paintContent(QPainter &painter) const override;
+    /** Laying out and the shadow's blur are worth doing once per render. */
+    [[nodiscard]] bool hasCostlyContent() const override { return true; }
+    [[nodiscard]] QRectF paintExtent() const override;
 
 private:
     void rebuild();

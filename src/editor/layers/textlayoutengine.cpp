@@ -90,6 +90,17 @@ Laid layOut(const AttributedText &text, qreal width)
     return laid;
 }
 
+// How far a shadow's picture reaches beyond the text's box on each side, before its offset.
+qreal shadowPad(const TextShadow &shadow)
+{
+    return shadow.blurRadius * 2 + 2;
+}
+
+bool hasShadow(const AttributedText &text)
+{
+    return text.attributes.shadow && text.attributes.shadow->color.alpha() > 0;
+}
+
 void drawShadow(
     QPainter &painter, const QTextLayout &layout, const TextShadow &shadow, const QRectF &rect, const QPen &pen)
 {
@@ -98,7 +109,7 @@ void drawShadow(
     // A wide blur loses nothing at a lower resolution: draw it small enough that sigma is ~2 pixels.
     const qreal sigma = shadow.blurRadius / 2 * deviceScale;
     const qreal scale = deviceScale / std::max(1.0, sigma / 2);
-    const qreal pad = shadow.blurRadius * 2 + 2;
+    const qreal pad = shadowPad(shadow);
     const QSizeF padded = rect.size() + QSizeF(2 * pad, 2 * pad);
     QImage image(QSize(int(std::ceil(padded.width() * scale)), int(std::ceil(padded.height() * scale))),
         QImage::Format_ARGB32_Premultiplied);
@@ -125,8 +136,13 @@ void drawShadow(
 
 QFont defaultFont()
 {
-    QFont font = FontRegistry::shared().font(QStringLiteral("Helvetica"), 12).value_or(QFont());
-    font.setPointSizeF(12);
+    // Looked up once: drawing may run on other threads, the font registry on the GUI thread only, and
+    // every text is measured on the GUI thread before it is ever drawn.
+    static const QFont font = [] {
+        QFont found = FontRegistry::shared().font(QStringLiteral("Helvetica"), 12).value_or(QFont());
+        found.setPointSizeF(12);
+        return found;
+    }();
     return font;
 }
 
@@ -145,11 +161,26 @@ void draw(QPainter &painter, const AttributedText &text, const QRectF &rect)
     painter.setRenderHint(QPainter::TextAntialiasing);
     painter.setBrushOrigin(rect.topLeft());
     const QPen pen(text.attributes.foreground.value_or(QBrush(Qt::black)), 0);
-    if (text.attributes.shadow && text.attributes.shadow->color.alpha() > 0)
+    if (hasShadow(text))
         drawShadow(painter, *laid.layout, *text.attributes.shadow, rect, pen);
     painter.setPen(pen);
     laid.layout->draw(&painter, rect.topLeft() + QPointF(margin, margin));
     painter.restore();
+}
+
+QRectF paintExtent(const AttributedText &text, const QRectF &rect)
+{
+    // Script and italic faces reach out of their boxes; a quarter of the font size covers them.
+    const QFont font = text.attributes.font.value_or(defaultFont());
+    const qreal size = std::max(font.pointSizeF(), qreal(font.pixelSize()));
+    const qreal overhang = size / 4 + std::abs(text.attributes.kern.value_or(0));
+    QRectF extent = rect.adjusted(-overhang, -overhang, overhang, overhang);
+    if (hasShadow(text)) {
+        const TextShadow &shadow = *text.attributes.shadow;
+        const qreal pad = shadowPad(shadow);
+        extent |= rect.adjusted(-pad, -pad, pad, pad).translated(shadow.offset.width(), shadow.offset.height());
+    }
+    return extent;
 }
 
 } // namespace TextLayoutEngine

@@ -26,4 +26,7 @@ inline constexpr qreal margin = 8.0;
 /** Draws the text, its shadow first, into `rect` (the text view's bounds) with the margins inside it. */
 void draw(QPainter &painter, const AttributedText &text, const QRectF &rect);
 
+/** Where `draw` may put ink: `rect` with the shadow's reach and room for glyphs that overhang their box. */
+[[nodiscard]] QRectF paintExtent(const AttributedText &text, const QRectF &rect);
+
 } // namespace TextLayoutEngine

@@ -49,6 +49,11 @@ ApplicationWindow {
         }
     }
 
+    PanelOverlay {
+        anchors.fill: parent
+        panel: root.navigation.panel
+    }
+
     AlertOverlay {
         anchors.fill: parent
         alert: root.navigation.alert

@@ -6,8 +6,10 @@
 #include "apppaths.h"
 #include "appservices.h"
 #include "assetimageprovider.h"
+#include "designsscreens.h"
 #include "editimageportraitmode.h"
 #include "editvideoportraitmode.h"
+#include "editorscreens.h"
 #include "fontpickerscreens.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
@@ -15,6 +17,7 @@
 #include "navigationcontroller.h"
 #include "pickerscreens.h"
 #include "preparationscreens.h"
+#include "printinteractioncontroller.h"
 #include "qffontpicker.h"
 #include "storyboard.h"
 
@@ -35,6 +38,7 @@
 #include <memory>
 
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_DesignsPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_PickersPlugin)
@@ -62,13 +66,18 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
             return screen;
         });
     storyboard.registerScreen<HomeVC>(QStringLiteral("HomeVC"), QUrl(views + QStringLiteral("HomeVCView.qml")));
-    const QUrl editorView(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml"));
-    storyboard.registerScreen<EditImagePortraitMode>(QStringLiteral("EditImagePortraitMode"), editorView);
-    storyboard.registerScreen<EditVideoPortraitMode>(QStringLiteral("EditVideoPortraitMode"), editorView);
+    storyboard.registerScreen<EditVideoPortraitMode>(
+        QStringLiteral("EditVideoPortraitMode"), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
+    storyboard.registerScreen<PrintInteractionController>(
+        QStringLiteral("PrintInteractionController"), QUrl(views + QStringLiteral("PrintInteractionView.qml")));
+    EditorScreens::registerScreens(storyboard);
+    DesignsScreens::registerScreens(storyboard);
 }
 
-// --open FILE: the design in an editor over the home screen, without the launch animation.
-bool openDesign(const QString &path, const Storyboard &storyboard, NavigationController &navigation)
+// --open FILE: the design in an editor over the home screen, without the launch animation; with
+// --save SIZE it is then saved as the size choice's "Original" or "HD" would.
+bool openDesign(
+    const QString &path, const QString &saveSize, const Storyboard &storyboard, NavigationController &navigation)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -81,9 +90,15 @@ bool openDesign(const QString &path, const Storyboard &storyboard, NavigationCon
         return false;
     }
     navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
-    auto *editor = static_cast<EditorSession *>(storyboard.instantiate(QStringLiteral("EditImagePortraitMode")));
+    auto *editor
+        = static_cast<EditImagePortraitMode *>(storyboard.instantiate(QStringLiteral("EditImagePortraitMode")));
     editor->contentJson = document;
     navigation.push(editor, false);
+    if (!saveSize.isEmpty()) {
+        const bool isHD = saveSize.compare(QLatin1String("hd"), Qt::CaseInsensitive) == 0;
+        // Once the window has laid the editor out and opened the design.
+        QTimer::singleShot(500, editor, [editor, isHD] { editor->saveFlow().save(isHD); });
+    }
     return true;
 }
 
@@ -148,6 +163,8 @@ int main(int argc, char **argv)
         { QStringLiteral("open"), QStringLiteral("Open a design file in the editor."), QStringLiteral("file") });
     parser.addOption({ QStringLiteral("show"), QStringLiteral("Show the screen of that storyboard identifier."),
         QStringLiteral("identifier") });
+    parser.addOption({ QStringLiteral("save"), QStringLiteral("With --open, save the design: original or hd."),
+        QStringLiteral("size") });
     parser.addOption({ QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window, then quit."),
         QStringLiteral("png") });
     parser.addOption({ QStringLiteral("screenshot-delay"), QStringLiteral("Milliseconds before the screenshot."),
@@ -185,7 +202,8 @@ int main(int argc, char **argv)
         return 1;
     delegate.didFinishLaunching();
     if (parser.isSet(QStringLiteral("open"))
-        && !openDesign(parser.value(QStringLiteral("open")), storyboard, navigation))
+        && !openDesign(
+            parser.value(QStringLiteral("open")), parser.value(QStringLiteral("save")), storyboard, navigation))
         return 1;
     if (parser.isSet(QStringLiteral("show"))
         && !showScreen(

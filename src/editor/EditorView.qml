@@ -63,6 +63,18 @@ Page {
                 enabled: root.vc.canRedo
                 onClicked: root.vc.redo()
             }
+            Label {
+                objectName: "saveButton"
+                // The picture editors save here; the video editors export through their own flow.
+                visible: typeof root.vc.savePressed === "function"
+                text: qsTr("SAVE")
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontBody
+                padding: Theme.spacing
+                TapHandler { onTapped: root.vc.savePressed() }
+            }
         }
     }
 

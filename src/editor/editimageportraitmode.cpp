@@ -2,4 +2,11 @@
 
 EditImagePortraitMode::EditImagePortraitMode(QObject *parent)
     : EditorSession("EditImagePortraitMode", parent)
+    , m_saveFlow(*this)
 { }
+
+void EditImagePortraitMode::viewWillAppear()
+{
+    EditorSession::viewWillAppear();
+    issavePressed = false;
+}

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "editorsession.h"
+#include "imagesaveflow.h"
+
+class Storyboard;
 
 /** The editor of portrait and square image designs. */
 class EditImagePortraitMode : public EditorSession
@@ -8,4 +11,16 @@ class EditImagePortraitMode : public EditorSession
     Q_OBJECT
 public:
     explicit EditImagePortraitMode(QObject *parent = nullptr);
+
+    /** Where the screens that this editor opens come from. */
+    void setStoryboard(const Storyboard *storyboard) { m_saveFlow.setStoryboard(storyboard); }
+    [[nodiscard]] ImageSaveFlow &saveFlow() { return m_saveFlow; }
+
+    /** The SAVE bar button: the size choice, then the picture, the store and the result screen. */
+    Q_INVOKABLE void savePressed() { m_saveFlow.savePressed(); }
+    /** Back on top after a save: SAVE may be pressed again. */
+    void viewWillAppear() override;
+
+private:
+    ImageSaveFlow m_saveFlow;
 };

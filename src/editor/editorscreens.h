@@ -1,0 +1,11 @@
+#pragma once
+
+#include "photoalbum.h"
+
+class Storyboard;
+
+/** The editors and the screens they open by name. */
+namespace EditorScreens {
+/** `album` is where "SaveImageVC" puts the pictures. */
+void registerScreens(Storyboard &storyboard, const PhotoAlbum &album = PhotoAlbum(QStringLiteral("Quillet")));
+} // namespace EditorScreens

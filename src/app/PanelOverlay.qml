@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** Draws the blocking notice of the moment: a dimmed screen, the text, and the progress when known. */
 Item {

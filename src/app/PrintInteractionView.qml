@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** The print panel: where to print, how many copies, Print and Cancel. */
 Page {

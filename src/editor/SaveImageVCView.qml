@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
 import Quillet.Designs
+import Quillet.Ui
 
 /** The saved picture: zoomable, with full screen, and the share, print, delete and rate buttons. */
 Page {
@@ -13,8 +14,8 @@ Page {
     component ActionButton: ColumnLayout {
         id: action
         property alias text: caption.text
-        property alias glyph: face.text
-        property color tint: "#E05863"
+        property alias asset: face.asset
+        property color tint: Theme.accent
         signal clicked()
         Layout.fillWidth: true
         spacing: 4
@@ -24,13 +25,12 @@ Page {
             implicitHeight: 48
             radius: 24
             color: tap.pressed ? Qt.darker(action.tint, 1.2) : action.tint
-            Label {
+            AssetIcon {
                 id: face
                 anchors.centerIn: parent
-                color: "white"
-                font.family: "Rubik"
-                font.weight: Font.Bold
-                font.pixelSize: 18
+                width: 24
+                height: 24
+                color: Theme.textOnAccent
             }
             TapHandler {
                 id: tap
@@ -40,9 +40,9 @@ Page {
         Label {
             id: caption
             Layout.alignment: Qt.AlignHCenter
-            font.family: "Montserrat"
-            font.pixelSize: 11
-            color: "#857A7E"
+            font.family: Theme.bodyFont
+            font.pixelSize: Theme.fontSmall - 1
+            color: Theme.textMuted
         }
     }
 
@@ -50,36 +50,36 @@ Page {
     component BarButton: Label {
         id: barButton
         signal clicked()
-        color: "white"
-        font.family: "Rubik"
+        color: Theme.textOnAccent
+        font.family: Theme.titleFont
         font.weight: Font.Medium
-        font.pixelSize: 16
+        font.pixelSize: Theme.fontBody + 2
         padding: 8
         TapHandler { onTapped: barButton.clicked() }
     }
 
-    background: Rectangle { color: "#EFEAEC" }
+    background: Rectangle { color: Theme.workspace }
 
     header: Rectangle {
-        height: 56
-        color: "#E05863"
+        height: Theme.barHeight
+        color: Theme.accent
         RowLayout {
             anchors.fill: parent
             anchors.leftMargin: 12
             anchors.rightMargin: 12
-            BarButton {
+            IconButton {
                 objectName: "backButton"
-                text: "\u2039"
-                font.pixelSize: 30
+                asset: "ic_back"
+                color: Theme.textOnAccent
                 onClicked: root.vc.backPressed()
             }
             Label {
                 Layout.fillWidth: true
                 text: qsTr("Saved")
-                color: "white"
-                font.family: "Rubik"
+                color: Theme.textOnAccent
+                font.family: Theme.titleFont
                 font.weight: Font.Medium
-                font.pixelSize: 18
+                font.pixelSize: Theme.fontTitle
                 horizontalAlignment: Text.AlignHCenter
             }
             BarButton {
@@ -99,7 +99,7 @@ Page {
             Layout.fillWidth: true
             Layout.fillHeight: true
             radius: 12
-            color: "white"
+            color: Theme.surface
             clip: true
 
             ZoomableView {
@@ -120,8 +120,15 @@ Page {
                 anchors.top: parent.top
                 anchors.right: parent.right
                 anchors.margins: 12
-                text: "\u2922"
+                text: ""
                 onClicked: root.vc.btnFullScreenClicked()
+                AssetIcon {
+                    anchors.centerIn: parent
+                    width: 20
+                    height: 20
+                    asset: "ic_fullscreen"
+                    color: "white"
+                }
             }
         }
 
@@ -130,23 +137,23 @@ Page {
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             text: root.vc.albumFile.length > 0 ? qsTr("Saved to the \u201CQuillet\u201D album") : ""
-            font.family: "Montserrat"
-            font.pixelSize: 13
-            color: "#1F1A1C"
+            font.family: Theme.bodyFont
+            font.pixelSize: Theme.fontBody - 1
+            color: Theme.text
         }
 
         RowLayout {
             Layout.fillWidth: true
-            ActionButton { objectName: "btnFb"; glyph: "f"; text: qsTr("Facebook"); tint: "#1877F2"; onClicked: root.vc.fbClicked() }
-            ActionButton { objectName: "btnWhatsapp"; glyph: "W"; text: qsTr("WhatsApp"); tint: "#25D366"; onClicked: root.vc.whatsappClicked() }
-            ActionButton { objectName: "btnInstagram"; glyph: "I"; text: qsTr("Instagram"); tint: "#C13584"; onClicked: root.vc.instaClicked() }
-            ActionButton { objectName: "btnShare"; glyph: "\u21EA"; text: qsTr("Share"); onClicked: root.vc.shareClicked() }
+            ActionButton { objectName: "btnFb"; asset: "ic_facebook"; text: qsTr("Facebook"); tint: "#1877F2"; onClicked: root.vc.fbClicked() }
+            ActionButton { objectName: "btnWhatsapp"; asset: "ic_whatsapp"; text: qsTr("WhatsApp"); tint: "#25D366"; onClicked: root.vc.whatsappClicked() }
+            ActionButton { objectName: "btnInstagram"; asset: "ic_instagram"; text: qsTr("Instagram"); tint: "#C13584"; onClicked: root.vc.instaClicked() }
+            ActionButton { objectName: "btnShare"; asset: "ic_share"; text: qsTr("Share"); onClicked: root.vc.shareClicked() }
         }
         RowLayout {
             Layout.fillWidth: true
-            ActionButton { objectName: "btn_print"; glyph: "P"; text: qsTr("Print"); tint: "#5B4B8A"; onClicked: root.vc.printClicked() }
-            ActionButton { objectName: "btnDelete"; glyph: "\u2715"; text: qsTr("Delete"); tint: "#857A7E"; onClicked: root.vc.deleteClicked() }
-            ActionButton { objectName: "btnRate"; glyph: "\u2605"; text: qsTr("Rate"); tint: "#F2A93B"; onClicked: root.vc.btnRateClicked() }
+            ActionButton { objectName: "btn_print"; asset: "ic_print"; text: qsTr("Print"); tint: "#5B4B8A"; onClicked: root.vc.printClicked() }
+            ActionButton { objectName: "btnDelete"; asset: "ic_delete"; text: qsTr("Delete"); tint: Theme.textMuted; onClicked: root.vc.deleteClicked() }
+            ActionButton { objectName: "btnRate"; asset: "sidemenu_rate"; text: qsTr("Rate"); tint: "#F2A93B"; onClicked: root.vc.btnRateClicked() }
         }
     }
 }

@@ -171,8 +171,6 @@ public:
 
     /** The store that the automatic save writes; without one the session opens the default store. */
     void setDesignStore(DesignStore *store);
-    /** The store the automatic save writes; null until set or first used. */
-    [[nodiscard]] DesignStore *designStore() const { return m_store; }
 
     // Undo and redo. Each recorded step puts the touched records into the document's changed_* delta,
     // keeps the whole document as a snapshot and stores the design.

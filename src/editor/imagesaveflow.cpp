@@ -4,17 +4,14 @@
 #include "applog.h"
 #include "borderedresizableimageview.h"
 #include "canvasrenderer.h"
-#include "designsaver.h"
-#include "designstore.h"
 #include "editorsession.h"
 #include "layerview.h"
 #include "navigationcontroller.h"
-#include "previewwriter.h"
-#include "resizableimageview.h"
 #include "saveimagevc.h"
 #include "staticresizableimageview.h"
 #include "storyboard.h"
 
+#include <QBuffer>
 #include <QTimer>
 #include <QtConcurrent>
 
@@ -25,8 +22,6 @@ namespace {
 
 // HD is offered up to this many template units on a side, so that the result stays within 4096 pixels.
 constexpr double largestForHD = 2048;
-// The thumbnail's box, in pixels: a list cell's picture at three pixels per point.
-const QSize thumbnailBox(540, 960);
 
 } // namespace
 
@@ -41,8 +36,6 @@ ImageSaveFlow::~ImageSaveFlow()
 {
     // The drawing reads the session's views, which go after this.
     m_render.waitForFinished();
-    if (m_ownStore && m_session.designStore() == m_ownStore.get())
-        m_session.setDesignStore(nullptr);
 }
 
 QString ImageSaveFlow::sizeText(double value)
@@ -167,51 +160,34 @@ void ImageSaveFlow::startRender(bool isHD)
     const View *canvas = m_session.viewMain;
     m_render.setFuture(QtConcurrent::run([canvas, target, report] {
         Rendered rendered;
-        rendered.picture = CanvasRenderer::renderImage(*canvas, target, [&report](qreal done) { report(done * 0.6); });
-        const PreviewWriter::Encoded sample = PreviewWriter::encode(rendered.picture);
-        report(0.85);
-        const QImage thumbnail = rendered.picture.isNull()
-            ? QImage()
-            : rendered.picture.scaled(
-                thumbnailBox.boundedTo(rendered.picture.size()), Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        rendered.pngData = sample.data;
-        rendered.sampleImage = PreviewWriter::store(sample);
-        rendered.thumbnailImage = PreviewWriter::write(thumbnail);
-        report(1.0);
+        rendered.picture = CanvasRenderer::renderImage(*canvas, target, [&report](qreal done) { report(done * 0.7); });
+        // Encoded as the preview writer encodes it, so that the album and the preview hold the same file.
+        QBuffer buffer(&rendered.pngData);
+        buffer.open(QIODevice::WriteOnly);
+        rendered.picture.save(&buffer, "PNG");
+        report(0.8);
         return rendered;
     }));
 }
 
-void ImageSaveFlow::finishSave(Rendered rendered)
+void ImageSaveFlow::finishSave(const Rendered &rendered)
 {
     restoreCanvas();
-    saveImg = rendered.picture;
+    m_session.saveImg = rendered.picture;
     if (rendered.picture.isNull())
         AppLog::print(QStringLiteral("The canvas could not be drawn; the design is saved without a picture"));
-    if (m_notice) {
-        if (NavigationController *navigation = m_session.navigationController())
-            navigation->dismissPanel(m_notice);
-    }
-    saveDesign(rendered);
-    showResult(rendered);
-    m_saving = false;
-    Q_EMIT saved(rendered);
-}
-
-void ImageSaveFlow::saveDesign(const Rendered &rendered)
-{
-    if (!m_session.masterJson)
-        return;
-    // The stickers as they are stacked on the canvas, back to front.
-    RecordList<StickerJson> stickers;
-    stickers.emplace();
-    for (View *view : m_session.viewMain->subviews()) {
-        if (auto *sticker = qobject_cast<ResizableImageView *>(view); sticker && sticker->stickerJson)
-            stickers->append(sticker->stickerJson);
-    }
-    DesignSaver saver(store(), m_session.objectId);
-    saver.saveFinal(*m_session.masterJson, rendered.sampleImage, rendered.thumbnailImage, std::move(stickers));
-    m_session.objectId = saver.objectId();
+    // The notice stays until the previews are written and the design is stored.
+    m_session.saveDesign(rendered.picture, [flow = QPointer(this), rendered] {
+        if (!flow)
+            return;
+        if (flow->m_notice) {
+            if (NavigationController *navigation = flow->m_session.navigationController())
+                navigation->dismissPanel(flow->m_notice);
+        }
+        flow->showResult(rendered);
+        flow->m_saving = false;
+        Q_EMIT flow->saved(rendered);
+    });
 }
 
 void ImageSaveFlow::showResult(const Rendered &rendered)
@@ -228,14 +204,4 @@ void ImageSaveFlow::showResult(const Rendered &rendered)
     screen->editedImageData = rendered.pngData;
     screen->contentJson = m_session.masterJson;
     navigation->push(screen);
-}
-
-DesignStore &ImageSaveFlow::store()
-{
-    if (DesignStore *store = m_session.designStore())
-        return *store;
-    // The editor has not stored anything yet; from now on its automatic saves go to the same store.
-    m_ownStore = std::make_unique<DesignStore>();
-    m_session.setDesignStore(m_ownStore.get());
-    return *m_ownStore;
 }

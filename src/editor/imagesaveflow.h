@@ -8,33 +8,29 @@
 #include <QPointer>
 
 #include <chrono>
-#include <memory>
 
 class AlertModel;
 class BorderedResizableImageView;
-class DesignStore;
 class EditorSession;
 class PanelModel;
 class Storyboard;
 
 /**
  * SAVE of an image design: the size choice, the drawing of the canvas at the document's own size
- * (twice that for HD), the user's save of the design with its preview and thumbnail, and the result
- * screen "SaveImageVC". It works on an open editor through the session's public interface; the
- * drawing and the encoding run off the GUI thread behind a notice that shows their progress.
- * quillet-tool runs the same flow without screens.
+ * (twice that for HD) into the session's `saveImg`, the session's save of the design with its preview
+ * and thumbnail, and the result screen "SaveImageVC". It works on an open editor through the session's
+ * public interface; the drawing and the encoding run off the GUI thread behind a notice that shows
+ * their progress. quillet-tool runs the same flow without screens.
  */
 class ImageSaveFlow : public QObject
 {
     Q_OBJECT
 public:
-    /** What a save made: the picture, its PNG data, and the names of the preview files in Documents. */
+    /** What SAVE drew: the picture and its PNG data, as the album receives it. */
     struct Rendered
     {
         QImage picture;
         QByteArray pngData;
-        QString sampleImage;
-        QString thumbnailImage;
     };
 
     explicit ImageSaveFlow(EditorSession &session, QObject *parent = nullptr);
@@ -61,9 +57,6 @@ public:
     /** The canvas drawn as SAVE draws it, on the calling thread. */
     [[nodiscard]] QImage render(bool isHD);
 
-    /** The last picture that SAVE drew. */
-    QImage saveImg;
-
 Q_SIGNALS:
     /** The design is stored with its preview (and the result screen pushed, when there is a storyboard). */
     void saved(const ImageSaveFlow::Rendered &rendered);
@@ -74,11 +67,8 @@ private:
     /** The last step: the outlined slots come back. */
     void restoreCanvas();
     void startRender(bool isHD);
-    void finishSave(Rendered rendered);
-    /** The explicit save: previews named, deltas dropped, stickers in stacking order, marked saved. */
-    void saveDesign(const Rendered &rendered);
+    void finishSave(const Rendered &rendered);
     void showResult(const Rendered &rendered);
-    DesignStore &store();
 
     EditorSession &m_session;
     const Storyboard *m_storyboard = nullptr;
@@ -87,5 +77,4 @@ private:
     QPointer<PanelModel> m_notice;
     QList<QPointer<BorderedResizableImageView>> m_hiddenSlots;
     QFutureWatcher<Rendered> m_render;
-    std::unique_ptr<DesignStore> m_ownStore;
 };

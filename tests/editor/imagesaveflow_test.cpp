@@ -153,7 +153,7 @@ TEST(ImageSaveFlowSizeChoice, SavePressedShowsTheQuestionAndAnAnswerSaves)
     ASSERT_TRUE(f.navigation.panel());
     EXPECT_EQ(f.navigation.panel()->text(), QStringLiteral("Please wait while we prepare your image."));
     ASSERT_TRUE(saved.wait(30000));
-    EXPECT_EQ(f.editor->saveFlow().saveImg.size(), QSize(1080, 1920));
+    EXPECT_EQ(f.editor->saveImg.size(), QSize(1080, 1920));
     EXPECT_EQ(f.navigation.panel(), nullptr);
     EXPECT_EQ(f.navigation.topIdentifier(), QStringLiteral("SaveImageVC"));
 }

@@ -144,16 +144,57 @@ Page {
 
         RowLayout {
             Layout.fillWidth: true
-            ActionButton { objectName: "btnFb"; asset: "ic_facebook"; text: qsTr("Facebook"); tint: "#1877F2"; onClicked: root.vc.fbClicked() }
-            ActionButton { objectName: "btnWhatsapp"; asset: "ic_whatsapp"; text: qsTr("WhatsApp"); tint: "#25D366"; onClicked: root.vc.whatsappClicked() }
-            ActionButton { objectName: "btnInstagram"; asset: "ic_instagram"; text: qsTr("Instagram"); tint: "#C13584"; onClicked: root.vc.instaClicked() }
-            ActionButton { objectName: "btnShare"; asset: "ic_share"; text: qsTr("Share"); onClicked: root.vc.shareClicked() }
+            ActionButton {
+                objectName: "btnFb"
+                asset: "ic_facebook"
+                text: qsTr("Facebook")
+                tint: "#1877F2"
+                onClicked: root.vc.fbClicked()
+            }
+            ActionButton {
+                objectName: "btnWhatsapp"
+                asset: "ic_whatsapp"
+                text: qsTr("WhatsApp")
+                tint: "#25D366"
+                onClicked: root.vc.whatsappClicked()
+            }
+            ActionButton {
+                objectName: "btnInstagram"
+                asset: "ic_instagram"
+                text: qsTr("Instagram")
+                tint: "#C13584"
+                onClicked: root.vc.instaClicked()
+            }
+            ActionButton {
+                objectName: "btnShare"
+                asset: "ic_share"
+                text: qsTr("Share")
+                onClicked: root.vc.shareClicked()
+            }
         }
         RowLayout {
             Layout.fillWidth: true
-            ActionButton { objectName: "btn_print"; asset: "ic_print"; text: qsTr("Print"); tint: "#5B4B8A"; onClicked: root.vc.printClicked() }
-            ActionButton { objectName: "btnDelete"; asset: "ic_delete"; text: qsTr("Delete"); tint: Theme.textMuted; onClicked: root.vc.deleteClicked() }
-            ActionButton { objectName: "btnRate"; asset: "sidemenu_rate"; text: qsTr("Rate"); tint: "#F2A93B"; onClicked: root.vc.btnRateClicked() }
+            ActionButton {
+                objectName: "btn_print"
+                asset: "ic_print"
+                text: qsTr("Print")
+                tint: "#5B4B8A"
+                onClicked: root.vc.printClicked()
+            }
+            ActionButton {
+                objectName: "btnDelete"
+                asset: "ic_delete"
+                text: qsTr("Delete")
+                tint: Theme.textMuted
+                onClicked: root.vc.deleteClicked()
+            }
+            ActionButton {
+                objectName: "btnRate"
+                asset: "sidemenu_rate"
+                text: qsTr("Rate")
+                tint: "#F2A93B"
+                onClicked: root.vc.btnRateClicked()
+            }
         }
     }
 }

@@ -20,6 +20,7 @@
 #include "printinteractioncontroller.h"
 #include "qffontpicker.h"
 #include "storyboard.h"
+#include "videoscreens.h"
 
 #include <QCommandLineParser>
 #include <QDirIterator>
@@ -45,6 +46,7 @@ Q_IMPORT_QML_PLUGIN(Quillet_Editor_PickersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_FontpickerPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_PreparationPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_VideoPlugin)
 
 namespace {
 
@@ -102,13 +104,19 @@ bool openDesign(
     return true;
 }
 
-// --show IDENTIFIER: that screen over the home screen (or over the design of --open), as if pushed there.
-bool showScreen(
-    const QString &identifier, bool overDesign, const Storyboard &storyboard, NavigationController &navigation)
+// --show IDENTIFIER: that screen over the home screen (or over the design of --open), as if pushed there;
+// --video FILE becomes its videoPath (the trimmer's movie).
+bool showScreen(const QString &identifier, const QString &video, bool overDesign, const Storyboard &storyboard,
+    NavigationController &navigation)
 {
     ViewController *screen = storyboard.instantiate(identifier);
     if (!screen) {
         qCritical().noquote() << "no screen named" << identifier;
+        return false;
+    }
+    if (!video.isEmpty() && !screen->setProperty("videoPath", video)) {
+        qCritical().noquote() << identifier << "takes no video";
+        delete screen;
         return false;
     }
     if (!overDesign)
@@ -165,6 +173,8 @@ int main(int argc, char **argv)
         QStringLiteral("identifier") });
     parser.addOption({ QStringLiteral("save"), QStringLiteral("With --open, save the design: original or hd."),
         QStringLiteral("size") });
+    parser.addOption({ QStringLiteral("video"), QStringLiteral("The movie of the screen of --show (the trimmer's)."),
+        QStringLiteral("file") });
     parser.addOption({ QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window, then quit."),
         QStringLiteral("png") });
     parser.addOption({ QStringLiteral("screenshot-delay"), QStringLiteral("Milliseconds before the screenshot."),
@@ -186,6 +196,7 @@ int main(int argc, char **argv)
     for (const auto &entry : AppHelpers::bgColors())
         bgColors.append(entry->color.value_or(QString()));
     PickerScreens::registerScreens(storyboard, services.client(), bgColors);
+    VideoScreens::registerScreens(storyboard);
     NavigationController navigation;
     AppDelegate delegate(&navigation, &storyboard);
     services.attach(delegate);
@@ -206,8 +217,8 @@ int main(int argc, char **argv)
             parser.value(QStringLiteral("open")), parser.value(QStringLiteral("save")), storyboard, navigation))
         return 1;
     if (parser.isSet(QStringLiteral("show"))
-        && !showScreen(
-            parser.value(QStringLiteral("show")), parser.isSet(QStringLiteral("open")), storyboard, navigation))
+        && !showScreen(parser.value(QStringLiteral("show")), parser.value(QStringLiteral("video")),
+            parser.isSet(QStringLiteral("open")), storyboard, navigation))
         return 1;
     if (parser.isSet(QStringLiteral("screenshot"))) {
         auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());

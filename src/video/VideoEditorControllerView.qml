@@ -3,6 +3,7 @@ import QtQuick.Controls
 import QtQuick.Layouts
 import QtMultimedia
 import Quillet.Ui
+import Quillet.Video
 
 /** "Trim Video": the movie, its filmstrip with the two handles and the play head, Cancel and Save. */
 Page {

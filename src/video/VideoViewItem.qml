@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Controls
 import QtMultimedia
 import Quillet.Ui
+import Quillet.Video
 
 /** The background movie of a video design; the canvas laid into this item is drawn over it. */
 Item {

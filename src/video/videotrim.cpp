@@ -252,6 +252,7 @@ QString cut(const Request &request, const Progress &progress)
     const int64_t audioEnd = av_rescale_q(plan.end, videoTime, audioTime);
     bool videoDone = false;
     bool audioDone = audioOut == nullptr;
+    int64_t furthest = plan.origin;
     if (!seekTo(context, video, plan.seekTarget, &error))
         return error;
     const av::Packet packet = av::makePacket();
@@ -276,8 +277,11 @@ QString cut(const Request &request, const Progress &progress)
             // Past the end in decoding order, every later picture is shown after the end too.
             videoDone = dts != AV_NOPTS_VALUE && dts >= plan.end;
             ok = videoDone || takeVideo(packet.get(), &error);
-            if (ok && progress && pts != AV_NOPTS_VALUE
-                && !progress(std::clamp(double(pts - plan.origin) / double(plan.end - plan.origin), 0.0, 1.0)))
+            // Pictures come in decoding order; the furthest one shown so far tells how far the cut is.
+            if (pts != AV_NOPTS_VALUE)
+                furthest = std::max(furthest, pts);
+            if (ok && progress
+                && !progress(std::clamp(double(furthest - plan.origin) / double(plan.end - plan.origin), 0.0, 1.0)))
                 return QStringLiteral("the cut was cancelled");
         }
         av_packet_unref(packet.get());

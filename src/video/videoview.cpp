@@ -69,6 +69,10 @@ void VideoView::setVideo(const QString &urlText)
     if (!source)
         return;
     dropPlayer();
+    if (!m_errorString.isEmpty()) {
+        m_errorString.clear();
+        Q_EMIT errorStringChanged();
+    }
     m_url = source;
     m_player = new QMediaPlayer(this);
     m_player->setVideoSink(m_relay->sink());
@@ -86,10 +90,6 @@ void VideoView::setVideo(const QString &urlText)
     m_player->setSource(*m_url);
     setPlayerMuted(audioURL.has_value() || m_isMuted);
     m_hasPlayerLayer = true;
-    if (!m_errorString.isEmpty()) {
-        m_errorString.clear();
-        Q_EMIT errorStringChanged();
-    }
     Q_EMIT videoChanged();
     setAudio();
 }

@@ -14,6 +14,8 @@ PACKAGES=(
   qml6-module-qt-labs-lottieqt qml6-module-qt5compat-graphicaleffects
   qml6-module-qtmultimedia qml6-module-qttest qml6-module-qtcore
   libavcodec-dev libavformat-dev libavutil-dev libswscale-dev libswresample-dev libavfilter-dev
+  # Qt Multimedia's GStreamer backend: playback and typefinding (base), MP4/MOV demuxing and HTTP
+  # sources (good), the H.264, AAC and MP3 decoders (libav), and the video sink's GL upload (gl).
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav gstreamer1.0-gl
   ffmpeg libsqlite3-dev libwebp-dev nlohmann-json3-dev libcpp-httplib-dev libssl-dev
   libgtest-dev libgmock-dev libbenchmark-dev

@@ -13,7 +13,6 @@ Filmstrip::Filmstrip(QObject *parent)
         m_images[index] = m_watcher.resultAt(index);
         Q_EMIT changed();
     });
-    connect(&m_watcher, &QFutureWatcherBase::finished, this, &Filmstrip::finished);
 }
 
 Filmstrip::~Filmstrip()

@@ -31,7 +31,6 @@ public:
 
 Q_SIGNALS:
     void changed();
-    void finished();
 
 private:
     QList<QImage> m_images;

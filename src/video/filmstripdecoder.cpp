@@ -79,8 +79,10 @@ void decode(const QString &path, int count, int height, const std::function<bool
     const av::Codec decoder = av::openDecoder(*video, 0, &code);
     if (!decoder)
         return;
-    // Small pictures hide what the loop filter smooths; skipping it makes the strip come sooner.
+    // A strip of small pictures needs neither the loop filter's smoothing nor the pictures that no other
+    // refers to (a slot shows the next picture kept instead); skipping both makes the strip come sooner.
     decoder->skip_loop_filter = AVDISCARD_ALL;
+    decoder->skip_frame = AVDISCARD_NONREF;
     const double turn = uprightTurn(*video);
     const double duration = durationOf(*input, *video);
     const int64_t start = video->start_time == AV_NOPTS_VALUE ? 0 : video->start_time;

@@ -48,7 +48,6 @@ VideoEditorController::VideoEditorController(QObject *parent)
 {
     setTitle(tr("Trim Video"));
     m_player->setVideoSink(m_relay->sink());
-    AudioOutputs::attach(m_player);
     connect(m_player, &QMediaPlayer::playbackStateChanged, this, &VideoEditorController::playingChanged);
     connect(m_player, &QMediaPlayer::positionChanged, this, [this](qint64 position) {
         const double seconds = double(position) / 1000.0;
@@ -185,6 +184,9 @@ void VideoEditorController::togglePlay()
         return;
     if (m_playhead < m_start || m_playhead >= m_end - 0.05)
         seek(m_start);
+    // The sound device is looked for when there is something to hear, not when the screen opens.
+    if (!m_player->audioOutput())
+        AudioOutputs::attach(m_player);
     m_player->play();
 }
 

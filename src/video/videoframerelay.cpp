@@ -30,5 +30,4 @@ void VideoFrameRelay::show(const QVideoFrame &frame)
     m_lastFrame = frame;
     if (m_outputSink)
         m_outputSink->setVideoFrame(frame);
-    Q_EMIT frameShown();
 }

@@ -27,9 +27,6 @@ public:
     /** The last picture the player gave. */
     [[nodiscard]] const QVideoFrame &lastFrame() const { return m_lastFrame; }
 
-Q_SIGNALS:
-    void frameShown();
-
 private:
     void show(const QVideoFrame &frame);
 

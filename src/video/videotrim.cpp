@@ -130,172 +130,254 @@ QByteArray bytesOf(const AVPacket &packet)
     return QByteArray::fromRawData(reinterpret_cast<const char *>(packet.data), packet.size);
 }
 
+// One cut: the plan from the first pass, then the second pass that writes the output.
+class Cutter
+{
+public:
+    Cutter(const Request &request, const Progress &progress)
+        : m_request(request)
+        , m_progress(progress)
+    { }
+
+    // Empty on success, else why not.
+    QString run()
+    {
+        if (!(m_request.end > m_request.start) || m_request.start < 0)
+            return QStringLiteral("the end of the cut must come after its start");
+        if (!open() || !addStreams() || !copyAndEncode() || !finish())
+            return m_error;
+        return {};
+    }
+
+private:
+    enum class Phase { head, copy, tail };
+
+    bool open()
+    {
+        m_input = av::openInput(m_request.input);
+        if (!m_input)
+            return fail(QStringLiteral("cannot read %1 as a movie").arg(m_request.input));
+        const int videoIndex = av_find_best_stream(m_input.get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+        if (videoIndex < 0)
+            return fail(QStringLiteral("%1 has no video").arg(m_request.input));
+        m_video = m_input->streams[videoIndex];
+        m_audioIndex = av_find_best_stream(m_input.get(), AVMEDIA_TYPE_AUDIO, -1, videoIndex, nullptr, 0);
+        m_output = MovieOutput::create(m_request.output, nullptr, &m_error);
+        if (!m_output)
+            return false;
+        // Whole groups are copied only where the head's parameter sets can be undone in the copy's first picture.
+        if (m_video->codecpar->codec_id == AV_CODEC_ID_H264 && m_output->canHold(AV_CODEC_ID_H264))
+            m_parameterSets = H264Bytes::parameterSets(m_video->codecpar->extradata, m_video->codecpar->extradata_size);
+        const AVRational time = m_video->time_base;
+        std::optional<Plan> plan = makePlan(m_input.get(), *m_video, toStreamTime(m_request.start, time),
+            toStreamTime(m_request.end, time), m_parameterSets.has_value(), &m_error);
+        if (!plan)
+            return false;
+        m_plan = *plan;
+        m_furthest = m_plan.origin;
+        m_recoder = PictureRecoder::open(*m_video, m_request.crf, &m_error);
+        return m_recoder != nullptr;
+    }
+
+    // With a copy, what is encoded again is framed as the copied packets are and written around them;
+    // alone, it is framed as the encoder gives it, which the muxer turns into the file's framing.
+    bool addStreams()
+    {
+        if (m_plan.copy) {
+            if (!m_recoder->begin(m_plan.origin, m_plan.copyFrom, false, keepHead(), &m_error))
+                return false;
+            m_videoOut = m_output->addCopy(*m_video);
+        } else {
+            if (!m_recoder->begin(m_plan.origin, m_plan.end, true, writeAsEncoded(), &m_error))
+                return false;
+            m_videoOut = m_output->addEncoded(m_recoder->encoder(), *m_video);
+        }
+        if (!m_videoOut)
+            return fail(QStringLiteral("cannot add the video to %1").arg(m_request.output));
+        if (m_audioIndex >= 0) {
+            const AVStream &audio = *m_input->streams[m_audioIndex];
+            if (!m_output->canHold(audio.codecpar->codec_id)) {
+                AppLog::print(QStringLiteral("The cut of %1 leaves out its sound, which %2 cannot hold")
+                                  .arg(m_request.input, m_request.output));
+            } else if (!(m_audioOut = m_output->addCopy(audio))) {
+                return fail(QStringLiteral("cannot add the sound to %1").arg(m_request.output));
+            }
+        }
+        return m_output->begin(&m_error);
+    }
+
+    // The second pass, from the same place as the first: every packet once, in file order.
+    bool copyAndEncode()
+    {
+        if (!seekTo(m_input.get(), *m_video, m_plan.seekTarget, &m_error))
+            return false;
+        const av::Packet packet = av::makePacket();
+        bool videoDone = false;
+        bool audioDone = m_audioOut == nullptr;
+        while (!videoDone || !audioDone) {
+            const int code = av_read_frame(m_input.get(), packet.get());
+            if (code == AVERROR_EOF)
+                return true;
+            if (code < 0)
+                return fail(QStringLiteral("cannot read the movie: %1").arg(av::errorText(code)));
+            bool ok = true;
+            if (packet->stream_index == m_video->index && !videoDone)
+                ok = takeVideo(packet.get(), &videoDone) && tellProgress(packet->pts);
+            else if (packet->stream_index == m_audioIndex && m_audioOut && !audioDone)
+                ok = takeAudio(packet.get(), &audioDone);
+            av_packet_unref(packet.get());
+            if (!ok)
+                return false;
+        }
+        return true;
+    }
+
+    bool takeAudio(AVPacket *packet, bool *done)
+    {
+        if (packet->pts == AV_NOPTS_VALUE)
+            return true;
+        const AVRational time = m_input->streams[m_audioIndex]->time_base;
+        const int64_t origin = av_rescale_q(m_plan.origin, m_video->time_base, time);
+        *done = packet->pts >= av_rescale_q(m_plan.end, m_video->time_base, time);
+        if (*done || packet->pts < origin)
+            return true;
+        packet->pts -= origin;
+        if (packet->dts != AV_NOPTS_VALUE)
+            packet->dts -= origin;
+        return m_output->write(packet, time, *m_audioOut, &m_error);
+    }
+
+    // A video packet in file order, once the plan's key frames have moved the phase on.
+    bool takeVideo(AVPacket *packet, bool *done)
+    {
+        // Past the end in decoding order, every later picture is shown after the end too.
+        const int64_t dts = packet->dts == AV_NOPTS_VALUE ? packet->pts : packet->dts;
+        *done = dts != AV_NOPTS_VALUE && dts >= m_plan.end;
+        if (*done)
+            return true;
+        const bool key = packet->flags & AV_PKT_FLAG_KEY;
+        if (m_phase == Phase::head && m_plan.copy && key && packet->pts == m_plan.copyFrom) {
+            if (!writeHead())
+                return false;
+            m_phase = Phase::copy;
+        }
+        if (m_phase == Phase::copy && m_plan.copyTo && key && packet->pts == *m_plan.copyTo) {
+            if (!m_recoder->begin(*m_plan.copyTo, m_plan.end, false, writeFramed(), &m_error))
+                return false;
+            m_phase = Phase::tail;
+        }
+        if (m_phase != Phase::copy)
+            return m_recoder->decode(*packet, &m_error);
+        if (packet->pts == AV_NOPTS_VALUE || packet->pts < m_plan.copyFrom
+            || (m_plan.copyTo && packet->pts >= *m_plan.copyTo))
+            return true; // a picture of the partial groups, which are encoded again
+        if (m_copyStarted)
+            return writeVideo(packet);
+        // The copy's first picture carries the movie's own parameter sets, which the head's replaced.
+        m_copyStarted = true;
+        const av::Packet first = withData(*packet, *m_parameterSets + bytesOf(*packet));
+        return writeVideo(first.get());
+    }
+
+    // Pictures come in decoding order; the furthest one shown so far tells how far the cut is.
+    bool tellProgress(int64_t pts)
+    {
+        if (pts != AV_NOPTS_VALUE)
+            m_furthest = std::max(m_furthest, pts);
+        const double fraction = double(m_furthest - m_plan.origin) / double(m_plan.end - m_plan.origin);
+        return !m_progress || m_progress(std::clamp(fraction, 0.0, 1.0))
+            || fail(QStringLiteral("the cut was cancelled"));
+    }
+
+    bool finish()
+    {
+        // What the recoder still holds: the head when the copy never came, or the tail.
+        bool ended = true;
+        if (m_phase == Phase::head && m_plan.copy)
+            ended = writeHead();
+        else if (m_phase != Phase::copy)
+            ended = m_recoder->end(&m_error);
+        if (!ended || !m_output->finish(&m_error))
+            return false;
+        if (m_progress)
+            m_progress(1.0);
+        return true;
+    }
+
+    bool writeVideo(AVPacket *packet)
+    {
+        packet->pts -= m_plan.origin;
+        if (packet->dts != AV_NOPTS_VALUE)
+            packet->dts -= m_plan.origin;
+        return m_output->write(packet, m_video->time_base, *m_videoOut, &m_error);
+    }
+
+    PictureRecoder::Sink writeAsEncoded()
+    {
+        return [this](AVPacket *packet, QString *) { return writeVideo(packet); };
+    }
+
+    PictureRecoder::Sink writeFramed()
+    {
+        return [this](AVPacket *packet, QString *) {
+            const av::Packet framed = withData(*packet, H264Bytes::lengthPrefixed(packet->data, packet->size));
+            return writeVideo(framed.get());
+        };
+    }
+
+    PictureRecoder::Sink keepHead()
+    {
+        return [this](AVPacket *packet, QString *) {
+            m_head.push_back(withData(*packet, H264Bytes::lengthPrefixed(packet->data, packet->size)));
+            return true;
+        };
+    }
+
+    // The head is written once the copy's first decoding time is known: its times move earlier where
+    // they would reach it (no B-frames, so each packet still decodes before it is shown).
+    bool writeHead()
+    {
+        if (!m_recoder->end(&m_error))
+            return false;
+        const int64_t shift = m_head.empty() ? 0 : std::max<int64_t>(0, m_head.back()->dts - m_plan.copyFromDts + 1);
+        for (const av::Packet &packet : m_head) {
+            packet->dts -= shift;
+            if (!writeVideo(packet.get()))
+                return false;
+        }
+        m_head.clear();
+        return true;
+    }
+
+    bool fail(const QString &error)
+    {
+        m_error = error;
+        return false;
+    }
+
+    const Request &m_request;
+    const Progress &m_progress;
+    av::Input m_input;
+    const AVStream *m_video = nullptr;
+    int m_audioIndex = -1;
+    std::unique_ptr<MovieOutput> m_output;
+    std::optional<QByteArray> m_parameterSets;
+    Plan m_plan;
+    std::unique_ptr<PictureRecoder> m_recoder;
+    const AVStream *m_videoOut = nullptr;
+    const AVStream *m_audioOut = nullptr;
+    std::vector<av::Packet> m_head;
+    Phase m_phase = Phase::head;
+    bool m_copyStarted = false;
+    int64_t m_furthest = 0; // the latest picture read, for the progress
+    QString m_error;
+};
+
 } // namespace
 
 QString cut(const Request &request, const Progress &progress)
 {
-    if (!(request.end > request.start) || request.start < 0)
-        return QStringLiteral("the end of the cut must come after its start");
-    const av::Input input = av::openInput(request.input);
-    if (!input)
-        return QStringLiteral("cannot read %1 as a movie").arg(request.input);
-    AVFormatContext *context = input.get();
-    const int videoIndex = av_find_best_stream(context, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-    if (videoIndex < 0)
-        return QStringLiteral("%1 has no video").arg(request.input);
-    const AVStream &video = *context->streams[videoIndex];
-    const int audioIndex = av_find_best_stream(context, AVMEDIA_TYPE_AUDIO, -1, videoIndex, nullptr, 0);
-    const AVRational videoTime = video.time_base;
-
-    QString error;
-    const std::unique_ptr<MovieOutput> output = MovieOutput::create(request.output, nullptr, &error);
-    if (!output)
-        return error;
-    const std::optional<QByteArray> parameterSets
-        = video.codecpar->codec_id == AV_CODEC_ID_H264 && output->canHold(AV_CODEC_ID_H264)
-        ? H264Bytes::parameterSets(video.codecpar->extradata, video.codecpar->extradata_size)
-        : std::nullopt;
-    const std::optional<Plan> found = makePlan(context, video, toStreamTime(request.start, videoTime),
-        toStreamTime(request.end, videoTime), parameterSets.has_value(), &error);
-    if (!found)
-        return error;
-    const Plan &plan = *found;
-    const std::unique_ptr<PictureRecoder> recoder = PictureRecoder::open(video, request.crf, &error);
-    if (!recoder)
-        return error;
-
-    // What is encoded again: with a copy, framed as the copied packets are and written around them;
-    // alone, as the encoder frames it, which the muxer turns into the file's framing.
-    const AVStream *videoOut = nullptr;
-    auto writeVideo = [&](AVPacket *packet, QString *failure) {
-        packet->pts -= plan.origin;
-        if (packet->dts != AV_NOPTS_VALUE)
-            packet->dts -= plan.origin;
-        return output->write(packet, videoTime, *videoOut, failure);
-    };
-    auto writeFramed = [&](AVPacket *packet, QString *failure) {
-        const av::Packet framed = withData(*packet, H264Bytes::lengthPrefixed(packet->data, packet->size));
-        return writeVideo(framed.get(), failure);
-    };
-    std::vector<av::Packet> head;
-    auto keepHead = [&head](AVPacket *packet, QString *) {
-        head.push_back(withData(*packet, H264Bytes::lengthPrefixed(packet->data, packet->size)));
-        return true;
-    };
-    // The head is written once the copy's first decoding time is known: its times move earlier where
-    // they would reach it (no B-frames, so each packet still decodes before it is shown).
-    auto writeHead = [&](QString *failure) {
-        if (!recoder->end(failure))
-            return false;
-        const int64_t shift = head.empty() ? 0 : std::max<int64_t>(0, head.back()->dts - plan.copyFromDts + 1);
-        for (const av::Packet &packet : head) {
-            packet->dts -= shift;
-            if (!writeVideo(packet.get(), failure))
-                return false;
-        }
-        head.clear();
-        return true;
-    };
-
-    if (plan.copy) {
-        if (!recoder->begin(plan.origin, plan.copyFrom, false, keepHead, &error))
-            return error;
-        videoOut = output->addCopy(video);
-    } else {
-        if (!recoder->begin(plan.origin, plan.end, true, writeVideo, &error))
-            return error;
-        videoOut = output->addEncoded(recoder->encoder(), video);
-    }
-    if (!videoOut)
-        return QStringLiteral("cannot add the video to %1").arg(request.output);
-    const AVStream *audioOut = nullptr;
-    if (audioIndex >= 0 && output->canHold(context->streams[audioIndex]->codecpar->codec_id)) {
-        if (!(audioOut = output->addCopy(*context->streams[audioIndex])))
-            return QStringLiteral("cannot add the sound to %1").arg(request.output);
-    } else if (audioIndex >= 0) {
-        AppLog::print(QStringLiteral("The cut of %1 leaves out its sound, which %2 cannot hold")
-                          .arg(request.input, request.output));
-    }
-    if (!output->begin(&error))
-        return error;
-
-    enum class Phase { head, copy, tail } phase = Phase::head;
-    bool copyStarted = false;
-    // A video packet in file order, once the plan's key frames have moved the phase on.
-    auto takeVideo = [&](AVPacket *packet, QString *failure) {
-        const bool key = packet->flags & AV_PKT_FLAG_KEY;
-        if (phase == Phase::head && plan.copy && key && packet->pts == plan.copyFrom) {
-            if (!writeHead(failure))
-                return false;
-            phase = Phase::copy;
-        }
-        if (phase == Phase::copy && plan.copyTo && key && packet->pts == *plan.copyTo) {
-            if (!recoder->begin(*plan.copyTo, plan.end, false, writeFramed, failure))
-                return false;
-            phase = Phase::tail;
-        }
-        if (phase != Phase::copy)
-            return recoder->decode(*packet, failure);
-        if (packet->pts == AV_NOPTS_VALUE || packet->pts < plan.copyFrom
-            || (plan.copyTo && packet->pts >= *plan.copyTo))
-            return true; // a picture of the partial groups, which are encoded again
-        if (copyStarted)
-            return writeVideo(packet, failure);
-        // The copy's first picture carries the movie's own parameter sets, which the head's replaced.
-        copyStarted = true;
-        const av::Packet first = withData(*packet, *parameterSets + bytesOf(*packet));
-        return writeVideo(first.get(), failure);
-    };
-
-    const AVRational audioTime = audioOut ? context->streams[audioIndex]->time_base : AVRational { 1, 1 };
-    const int64_t audioOrigin = av_rescale_q(plan.origin, videoTime, audioTime);
-    const int64_t audioEnd = av_rescale_q(plan.end, videoTime, audioTime);
-    bool videoDone = false;
-    bool audioDone = audioOut == nullptr;
-    int64_t furthest = plan.origin;
-    if (!seekTo(context, video, plan.seekTarget, &error))
-        return error;
-    const av::Packet packet = av::makePacket();
-    while (!videoDone || !audioDone) {
-        const int code = av_read_frame(context, packet.get());
-        if (code == AVERROR_EOF)
-            break;
-        if (code < 0)
-            return QStringLiteral("cannot read the movie: %1").arg(av::errorText(code));
-        const int64_t pts = packet->pts;
-        bool ok = true;
-        if (packet->stream_index == audioIndex && audioOut && pts != AV_NOPTS_VALUE && !audioDone) {
-            audioDone = pts >= audioEnd;
-            if (!audioDone && pts >= audioOrigin) {
-                packet->pts -= audioOrigin;
-                if (packet->dts != AV_NOPTS_VALUE)
-                    packet->dts -= audioOrigin;
-                ok = output->write(packet.get(), audioTime, *audioOut, &error);
-            }
-        } else if (packet->stream_index == videoIndex && !videoDone) {
-            const int64_t dts = packet->dts == AV_NOPTS_VALUE ? pts : packet->dts;
-            // Past the end in decoding order, every later picture is shown after the end too.
-            videoDone = dts != AV_NOPTS_VALUE && dts >= plan.end;
-            ok = videoDone || takeVideo(packet.get(), &error);
-            // Pictures come in decoding order; the furthest one shown so far tells how far the cut is.
-            if (pts != AV_NOPTS_VALUE)
-                furthest = std::max(furthest, pts);
-            if (ok && progress
-                && !progress(std::clamp(double(furthest - plan.origin) / double(plan.end - plan.origin), 0.0, 1.0)))
-                return QStringLiteral("the cut was cancelled");
-        }
-        av_packet_unref(packet.get());
-        if (!ok)
-            return error;
-    }
-    const bool ended = phase == Phase::head ? (plan.copy ? writeHead(&error) : recoder->end(&error))
-        : phase == Phase::tail              ? recoder->end(&error)
-                                            : true;
-    if (!ended || !output->finish(&error))
-        return error;
-    if (progress)
-        progress(1.0);
-    return {};
+    return Cutter(request, progress).run();
 }
 
 } // namespace VideoTrim

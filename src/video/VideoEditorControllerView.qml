@@ -141,12 +141,16 @@ Page {
             TrimHandle {
                 objectName: "startHandle"
                 x: bar.xOf(root.vc.startTime) - width
+                width: bar.handleWidth
+                height: bar.height
                 onDragged: (from, pixels) => root.vc.moveStartHandle(from + bar.secondsPer(pixels))
                 time: root.vc.startTime
             }
             TrimHandle {
                 objectName: "endHandle"
                 x: bar.xOf(root.vc.endTime)
+                width: bar.handleWidth
+                height: bar.height
                 onDragged: (from, pixels) => root.vc.moveEndHandle(from + bar.secondsPer(pixels))
                 time: root.vc.endTime
             }
@@ -194,8 +198,6 @@ Page {
         id: handle
         property real time
         signal dragged(real from, real pixels)
-        width: bar.handleWidth
-        height: bar.height
         radius: Theme.spacing / 2
         color: Theme.accent
         Rectangle {

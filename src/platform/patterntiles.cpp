@@ -53,11 +53,45 @@ public:
         QPainter p(&image);
         p.setRenderHint(QPainter::Antialiasing);
         p.setPen(Qt::NoPen);
-        // In the order of `Motif`.
-        static constexpr void (Tile::*painters[motifCount])(QPainter &) const
-            = { &Tile::dots, &Tile::stripes, &Tile::checks, &Tile::waves, &Tile::zigzag, &Tile::grid, &Tile::crosses,
-                  &Tile::triangles, &Tile::rings, &Tile::scales, &Tile::confetti, &Tile::diamonds };
-        (this->*painters[static_cast<int>(motif)])(p);
+        switch (motif) {
+        case Motif::Dots:
+            dots(p);
+            break;
+        case Motif::Stripes:
+            stripes(p);
+            break;
+        case Motif::Checks:
+            checks(p);
+            break;
+        case Motif::Waves:
+            waves(p);
+            break;
+        case Motif::Zigzag:
+            zigzag(p);
+            break;
+        case Motif::Grid:
+            grid(p);
+            break;
+        case Motif::Crosses:
+            crosses(p);
+            break;
+        case Motif::Triangles:
+            triangles(p);
+            break;
+        case Motif::Rings:
+            rings(p);
+            break;
+        case Motif::Scales:
+            scales(p);
+            break;
+        case Motif::Confetti:
+            confetti(p);
+            break;
+        case Motif::Diamonds:
+            diamonds(p);
+            break;
+        }
+        p.end();
         return image;
     }
 

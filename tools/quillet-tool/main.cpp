@@ -5,6 +5,7 @@
 #include "apppaths.h"
 
 #include <QGuiApplication>
+#include <QRegularExpression>
 
 #include <cstdio>
 #include <vector>
@@ -39,6 +40,16 @@ int toolFail(const QString &message)
 {
     std::fprintf(stderr, "quillet-tool: %s\n", qPrintable(message));
     return 1;
+}
+
+std::optional<QSizeF> parseToolSize(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch())
+        return std::nullopt;
+    const QSizeF size(match.captured(1).toDouble(), match.captured(2).toDouble());
+    return size.isEmpty() ? std::nullopt : std::optional(size);
 }
 
 int main(int argc, char **argv)

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "frametap.h"
+
+#include <QImage>
+#include <QSize>
+#include <QSizeF>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <variant>
+#include <vector>
+
+/** The GIF's frames as a merge's tap hands them over, kept until the GIF is made. */
+class GifFrames
+{
+public:
+    void put(int index, const QImage &frame);
+    /** The frames in order; empty when any is missing. */
+    [[nodiscard]] std::vector<QImage> frames() const;
+
+private:
+    mutable std::mutex m_mutex;
+    std::vector<QImage> m_frames;
+};
+
+/**
+ * A GIF of a movie: 16 frames spread evenly over it, 0.2 seconds each, looping for ever, at `size`.
+ * The frames come from the movie itself, or from a merge that is writing it (its tap), which spares
+ * decoding the movie again. Each frame gets its own palette with error diffusion; the frames are
+ * quantised in parallel. Nothing is left under the destination when making fails.
+ */
+class GifMaker
+{
+public:
+    static constexpr int frameCount = 16;
+    static constexpr int delayHundredths = 20;
+    static constexpr int loopCount = 0;
+
+    GifMaker(QString destination, QSize size);
+
+    /** The GIF's size for a render size: unchanged up to 1024 a side, else the longer side 1024. */
+    [[nodiscard]] static QSize sizeFor(QSizeF renderSize);
+
+    [[nodiscard]] const QString &destination() const { return m_destination; }
+    [[nodiscard]] QSize size() const { return m_size; }
+
+    /** A tap for `Merge::overlayVideo` that puts the GIF's frames into `frames`. */
+    [[nodiscard]] FrameTap frameTap(std::shared_ptr<GifFrames> frames) const;
+
+    /** Makes the GIF from a movie file; blocks, so call it off the GUI thread. */
+    bool createGif(const QString &movie) const;
+    /** Makes the GIF from the frames a tap took; blocks. */
+    bool createGif(const GifFrames &frames) const;
+
+    using Source = std::variant<QString, std::shared_ptr<GifFrames>>;
+    /** Makes the GIF on the thread pool; `completion` gets its URL, or nothing, on the GUI thread. */
+    void createGifInBackground(Source source, std::function<void(const std::optional<QUrl> &gif)> completion) const;
+
+private:
+    QString m_destination;
+    QSize m_size;
+};

@@ -17,7 +17,7 @@ PACKAGES=(
   # Qt Multimedia's GStreamer backend: playback and typefinding (base), MP4/MOV demuxing and HTTP
   # sources (good), the H.264, AAC and MP3 decoders (libav), and the video sink's GL upload (gl).
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav gstreamer1.0-gl
-  ffmpeg libsqlite3-dev libwebp-dev nlohmann-json3-dev libcpp-httplib-dev libssl-dev
+  ffmpeg libsqlite3-dev libwebp-dev nlohmann-json3-dev libcpp-httplib-dev libssl-dev libimagequant-dev libgif-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   clang-format clang-tidy
   xvfb xauth fonts-dejavu-core fonts-liberation2 fonts-noto-core

@@ -1,5 +1,6 @@
 #include "gifmaker.h"
 
+#include "frameimage.h"
 #include "gifwriter.h"
 #include "guithread.h"
 #include "moviestills.h"
@@ -49,11 +50,13 @@ bool GifMaker::createGif(const QString &movie) const
     MovieStills stills(movie);
     if (!stills.isOpen() || !std::isfinite(stills.duration()) || m_size.isEmpty())
         return false;
-    // Each frame is quantised on the pool as soon as it is decoded, while the next is being found.
+    // Each picture is scaled and quantised on the pool as soon as it is decoded, while the next is sought.
     std::vector<QFuture<PalettedFrame>> quantizing;
     const bool decoded
-        = stills.picturesAt(evenlySpreadTimes(stills.duration(), frameCount), m_size, [&](int, QImage picture) {
-              quantizing.push_back(QtConcurrent::run(&PalettedFrame::quantize, std::move(picture)));
+        = stills.picturesAt(evenlySpreadTimes(stills.duration(), frameCount), [&](int, av::Frame picture) {
+              std::shared_ptr<AVFrame> shared(picture.release(), av::FrameDeleter());
+              quantizing.push_back(QtConcurrent::run(
+                  [shared, size = m_size] { return PalettedFrame::quantize(frameToImage(*shared, size)); }));
           });
     std::vector<PalettedFrame> frames;
     for (QFuture<PalettedFrame> &future : quantizing)

@@ -74,11 +74,26 @@ void Merge::overlayVideo(const MediaAsset &video, std::optional<QSizeF> size, bo
     const std::optional<MediaAsset> &audio, const QImage &overlay, Completion completion, Progress progress,
     std::optional<FrameTap> tap) const
 {
-    const std::vector<MediaTrack> videoTracks = video.tracksWithMediaType(MediaTrack::Type::video);
-    if (videoTracks.empty()) {
+    std::unique_ptr<Exporter> exporter
+        = prepareExport(video, size, muted, audio, overlay, EncoderSetting::forQuality(configuration.quality));
+    if (!exporter) {
         completion(std::nullopt, std::nullopt);
         return;
     }
+    exporter->frameTap = std::move(tap);
+    QThreadPool::globalInstance()->start(
+        [exporter = std::shared_ptr<Exporter>(std::move(exporter)), completion = std::move(completion),
+            progress = std::move(progress)]() mutable {
+            watch(std::move(exporter), std::move(completion), std::move(progress));
+        });
+}
+
+std::unique_ptr<Exporter> Merge::prepareExport(const MediaAsset &video, std::optional<QSizeF> size, bool muted,
+    const std::optional<MediaAsset> &audio, const QImage &overlay, const EncoderSetting &setting) const
+{
+    const std::vector<MediaTrack> videoTracks = video.tracksWithMediaType(MediaTrack::Type::video);
+    if (videoTracks.empty())
+        return nullptr;
     const MediaTrack &picture = videoTracks.front();
     // A separate music replaces the video's sound entirely, even when it has none itself.
     const std::vector<MediaTrack> audioTracks = (audio ? *audio : video).tracksWithMediaType(MediaTrack::Type::audio);
@@ -93,8 +108,7 @@ void Merge::overlayVideo(const MediaAsset &video, std::optional<QSizeF> size, bo
         composition = Composition::make(
             videoDuration, audioDuration, !audio, TrackSource { video.path(), picture.streamIndex }, sound);
     } catch (const CompositionError &) {
-        completion(std::nullopt, std::nullopt);
-        return;
+        return nullptr;
     }
 
     const QTransform &preferredTransform = picture.preferredTransform;
@@ -117,16 +131,5 @@ void Merge::overlayVideo(const MediaAsset &video, std::optional<QSizeF> size, bo
 
     const QString outputPath
         = configuration.directory + QLatin1Char('/') + millisecondsSince1970() + QStringLiteral(".mov");
-    std::unique_ptr<Exporter> exporter = Exporter::make(std::move(*composition), std::move(videoComposition),
-        naturalSize, outputPath, EncoderSetting::forQuality(configuration.quality));
-    if (!exporter) {
-        completion(std::nullopt, std::nullopt);
-        return;
-    }
-    exporter->frameTap = std::move(tap);
-    QThreadPool::globalInstance()->start(
-        [exporter = std::shared_ptr<Exporter>(std::move(exporter)), completion = std::move(completion),
-            progress = std::move(progress)]() mutable {
-            watch(std::move(exporter), std::move(completion), std::move(progress));
-        });
+    return Exporter::make(std::move(*composition), std::move(videoComposition), naturalSize, outputPath, setting);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exporter.h"
 #include "frametap.h"
 #include "mediaasset.h"
 #include "mergeconfiguration.h"
@@ -43,4 +44,12 @@ public:
     void overlayVideo(const MediaAsset &video, std::optional<QSizeF> size, bool muted,
         const std::optional<MediaAsset> &audio, const QImage &overlay, Completion completion, Progress progress,
         std::optional<FrameTap> tap = std::nullopt) const;
+
+    /**
+     * The export `overlayVideo` runs, built but not started, with the encoders told `setting`; nothing
+     * when the merge cannot start (no picture track, a composition that fails, no encoders). For
+     * measuring the pipeline against other encoder settings.
+     */
+    [[nodiscard]] std::unique_ptr<Exporter> prepareExport(const MediaAsset &video, std::optional<QSizeF> size,
+        bool muted, const std::optional<MediaAsset> &audio, const QImage &overlay, const EncoderSetting &setting) const;
 };

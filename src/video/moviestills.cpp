@@ -1,7 +1,6 @@
 #include "moviestills.h"
 
-#include "frameimage.h"
-
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -27,12 +26,6 @@ MovieStills::MovieStills(const QString &path)
     m_frameDuration = rate.num > 0 ? av_q2d(av_inv_q(rate)) : 1.0 / 30;
 }
 
-double MovieStills::secondsOf(const AVFrame &frame) const
-{
-    const std::int64_t timestamp = frame.best_effort_timestamp;
-    return timestamp == AV_NOPTS_VALUE ? 0.0 : double(timestamp) * av_q2d(m_stream->time_base);
-}
-
 // Key frames are indexed by decoding time, which runs ahead of presentation by the reordering delay;
 // searching that much earlier finds a key frame shown no later than the time.
 std::int64_t MovieStills::keyFrameBefore(std::int64_t timestamp) const
@@ -43,37 +36,54 @@ std::int64_t MovieStills::keyFrameBefore(std::int64_t timestamp) const
     return entry ? entry->timestamp : std::numeric_limits<std::int64_t>::min();
 }
 
-bool MovieStills::picturesAt(const std::vector<double> &times, QSize size, const std::function<void(int, QImage)> &take)
+bool MovieStills::picturesAt(const std::vector<double> &times, const std::function<void(int, av::Frame)> &take)
 {
     if (!isOpen())
         return false;
+    const double unit = av_q2d(m_stream->time_base);
+    const auto frameLength = std::int64_t(std::llround(m_frameDuration / unit));
+    std::vector<std::int64_t> timestamps;
+    for (const double time : times)
+        timestamps.push_back(std::int64_t(std::floor(time / unit)));
+    // Whether a picture shown from `start` for `length` is shown at one of the times.
+    const auto shownAtATime = [&](std::int64_t start, std::int64_t length) {
+        const auto at = std::lower_bound(timestamps.begin(), timestamps.end(), start);
+        return at != timestamps.end() && *at < start + length;
+    };
+    const auto startOf = [](const AVFrame &frame) { return frame.best_effort_timestamp; };
+    const auto covers = [&](const AVFrame &frame, std::int64_t timestamp) {
+        const std::int64_t length = frame.pkt_duration > 0 ? frame.pkt_duration : frameLength;
+        return startOf(frame) <= timestamp && timestamp < startOf(frame) + length;
+    };
+
     const av::Packet packet = av::makePacket();
     const av::Frame decoded = av::makeFrame();
     av::Frame shown; // the latest picture at or before the time sought
     av::Frame ahead; // a picture already past it, kept for the next time
     std::int64_t fedUpTo = std::numeric_limits<std::int64_t>::min(); // decoding time of the last packet sent
     bool draining = false;
-    const auto frameLength = std::int64_t(std::llround(m_frameDuration / av_q2d(m_stream->time_base)));
-    for (std::size_t i = 0; i < times.size(); ++i) {
-        const double time = times[i];
-        const auto timestamp = std::int64_t(std::floor(time / av_q2d(m_stream->time_base)));
+    for (std::size_t i = 0; i < timestamps.size(); ++i) {
+        const std::int64_t timestamp = timestamps[i];
         const std::int64_t keyFrame = keyFrameBefore(timestamp);
         // Without an index there is nothing to seek to: decoding goes on from where it is.
         const bool indexed = keyFrame != std::numeric_limits<std::int64_t>::min();
         if (indexed && (fedUpTo == std::numeric_limits<std::int64_t>::min() || keyFrame > fedUpTo)) {
-            if (av_seek_frame(m_input.get(), m_stream->index, keyFrame, AVSEEK_FLAG_BACKWARD) < 0)
+            // The demuxer finds the key frame shown at or before the time; the index only told whether it
+            // lies ahead of what has been decoded.
+            if (av_seek_frame(m_input.get(), m_stream->index, timestamp, AVSEEK_FLAG_BACKWARD) < 0)
                 return false;
             avcodec_flush_buffers(m_decoder.get());
             shown.reset();
             ahead.reset();
             draining = false;
         }
-        if (ahead && secondsOf(*ahead) <= time)
+        if (ahead && startOf(*ahead) <= timestamp)
             shown = std::move(ahead);
-        while (!ahead) {
+        // Done once a picture covers the time, or one after it shows that the last one did.
+        while (!ahead && !(shown && covers(*shown, timestamp))) {
             const int received = avcodec_receive_frame(m_decoder.get(), decoded.get());
             if (received == 0) {
-                if (secondsOf(*decoded) <= time)
+                if (startOf(*decoded) <= timestamp)
                     shown = av::reference(*decoded);
                 else
                     ahead = av::reference(*decoded);
@@ -99,10 +109,10 @@ bool MovieStills::picturesAt(const std::vector<double> &times, QSize size, const
                 continue;
             }
             fedUpTo = packet->dts != AV_NOPTS_VALUE ? packet->dts : packet->pts;
-            // A picture that ends before the time is wanted only if others refer to it.
+            // A picture not shown at any of the times is decoded only if others refer to it.
             const std::int64_t length = packet->duration > 0 ? packet->duration : frameLength;
-            const bool early = packet->pts != AV_NOPTS_VALUE && packet->pts + length <= timestamp;
-            m_decoder->skip_frame = early ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+            const bool unwanted = packet->pts != AV_NOPTS_VALUE && !shownAtATime(packet->pts, length);
+            m_decoder->skip_frame = unwanted ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
             const int sent = avcodec_send_packet(m_decoder.get(), packet.get());
             av_packet_unref(packet.get());
             if (sent < 0 && sent != AVERROR_INVALIDDATA)
@@ -111,10 +121,7 @@ bool MovieStills::picturesAt(const std::vector<double> &times, QSize size, const
         const AVFrame *picture = shown ? shown.get() : ahead.get();
         if (!picture)
             return false;
-        QImage image = frameToImage(*picture, size);
-        if (image.isNull())
-            return false;
-        take(int(i), std::move(image));
+        take(int(i), av::reference(*picture));
     }
     return true;
 }

@@ -2,8 +2,6 @@
 
 #include "avhandles.h"
 
-#include <QImage>
-#include <QSize>
 #include <QString>
 
 #include <functional>
@@ -11,8 +9,9 @@
 
 /**
  * Pictures of a movie at chosen times, decoding as little as it can: for each time it seeks to the key
- * frame before it, unless decoding on from where it is gets there sooner, and drops the pictures no
- * other picture refers to and that end before the time. Only the pictures handed over are scaled.
+ * frame before it, unless decoding on from where it is gets there sooner, drops the pictures that no
+ * other picture refers to and that are not shown at any of the times, and stops as soon as it has the
+ * picture shown at the time.
  */
 class MovieStills
 {
@@ -25,14 +24,13 @@ public:
     [[nodiscard]] double duration() const { return m_duration; }
 
     /**
-     * For each time, in ascending order, the picture shown at it (the first picture for a time before
-     * it), as RGBA8888 at `size`, handed to `take` as soon as it is found. False when decoding fails.
+     * For each time, in ascending order, the decoded picture shown at it (the first picture for a time
+     * before it), handed to `take` as soon as it is found. False when decoding fails.
      */
-    bool picturesAt(const std::vector<double> &times, QSize size, const std::function<void(int, QImage)> &take);
+    bool picturesAt(const std::vector<double> &times, const std::function<void(int, av::Frame)> &take);
 
 private:
     [[nodiscard]] std::int64_t keyFrameBefore(std::int64_t timestamp) const;
-    [[nodiscard]] double secondsOf(const AVFrame &frame) const;
 
     av::Input m_input;
     AVStream *m_stream = nullptr;

@@ -17,7 +17,7 @@ constexpr const char *videoEncoderName = "libx264";
 constexpr const char *audioEncoderName = "aac";
 // A key frame every two seconds: players and the GIF step seek to any time by decoding at most two
 // seconds, at a small cost in size.
-constexpr int keyFrameSeconds = 2;
+constexpr int keyFrameSeconds = 1;
 
 } // namespace
 

@@ -22,7 +22,7 @@ Coefficients coefficients(ColorMatrix matrix)
 
 std::uint16_t fixed88(double value)
 {
-    return std::uint16_t(value * 256.0 + 0.5);
+    return std::uint16_t(std::lround(value * 256.0));
 }
 
 } // namespace
@@ -35,41 +35,40 @@ OverlayBlender::OverlayBlender(const QImage &overlay, ColorMatrix matrix)
     const auto [kr, kb] = coefficients(matrix);
     const double kg = 1.0 - kr - kb;
 
-    Plane &luma = m_planes[0];
-    luma = { width, height, std::vector<std::uint16_t>(std::size_t(width) * height),
-        std::vector<std::uint16_t>(std::size_t(width) * height), {}, {} };
-    const std::size_t chromaSamples = std::size_t(width / 2) * (height / 2);
-    // Colour is the mean of each 2 x 2 block: sums first, rounded once below.
-    std::vector<double> cbSum(chromaSamples), crSum(chromaSamples), alphaSum(chromaSamples);
+    const auto plane = [](int planeWidth, int planeHeight) {
+        const std::size_t samples = std::size_t(planeWidth) * planeHeight;
+        return Plane { planeWidth, planeHeight, std::vector<std::uint16_t>(samples),
+            std::vector<std::uint16_t>(samples), {}, {} };
+    };
+    m_planes = { plane(width, height), plane(width / 2, height / 2), plane(width / 2, height / 2) };
 
     // Premultiplied R'G'B' give premultiplied Y'CbCr directly, since the conversion is affine in them:
-    // the offsets 16 and 128 scale with alpha.
-    for (int y = 0; y < height; ++y) {
-        const auto *row = reinterpret_cast<const QRgb *>(source.constScanLine(y));
-        for (int x = 0; x < width; ++x) {
-            const QRgb pixel = row[x];
-            const double alpha = qAlpha(pixel) / 255.0;
-            const double r = qRed(pixel) / 255.0;
-            const double g = qGreen(pixel) / 255.0;
-            const double b = qBlue(pixel) / 255.0;
-            const double lumaValue = kr * r + kg * g + kb * b;
-            const std::size_t i = std::size_t(y) * width + x;
-            luma.premultiplied[i] = fixed88(16.0 * alpha + 219.0 * lumaValue);
-            luma.weight[i] = std::uint16_t(256 - fixed88(alpha));
-            const std::size_t j = std::size_t(y / 2) * (width / 2) + x / 2;
-            cbSum[j] += 128.0 * alpha + 224.0 * (b - lumaValue) / (2.0 * (1.0 - kb));
-            crSum[j] += 128.0 * alpha + 224.0 * (r - lumaValue) / (2.0 * (1.0 - kr));
-            alphaSum[j] += alpha;
-        }
-    }
-    for (int c = 1; c < 3; ++c) {
-        const std::vector<double> &sums = c == 1 ? cbSum : crSum;
-        Plane &plane = m_planes[c];
-        plane = { width / 2, height / 2, std::vector<std::uint16_t>(chromaSamples),
-            std::vector<std::uint16_t>(chromaSamples), {}, {} };
-        for (std::size_t j = 0; j < chromaSamples; ++j) {
-            plane.premultiplied[j] = fixed88(sums[j] / 4.0);
-            plane.weight[j] = std::uint16_t(256 - fixed88(alphaSum[j] / 4.0));
+    // the offsets 16 and 128 scale with alpha. Colour is the mean over each 2 x 2 block.
+    for (int y = 0; y < height / 2; ++y) {
+        for (int x = 0; x < width / 2; ++x) {
+            double cb = 0;
+            double cr = 0;
+            double coverage = 0;
+            for (int k = 0; k < 4; ++k) {
+                const int px = 2 * x + k % 2;
+                const int py = 2 * y + k / 2;
+                const QRgb pixel = reinterpret_cast<const QRgb *>(source.constScanLine(py))[px];
+                const double alpha = qAlpha(pixel) / 255.0;
+                const double r = qRed(pixel) / 255.0;
+                const double g = qGreen(pixel) / 255.0;
+                const double b = qBlue(pixel) / 255.0;
+                const double luma = kr * r + kg * g + kb * b;
+                const std::size_t i = std::size_t(py) * width + px;
+                m_planes[0].premultiplied[i] = fixed88(16.0 * alpha + 219.0 * luma);
+                m_planes[0].weight[i] = std::uint16_t(256 - fixed88(alpha));
+                cb += 128.0 * alpha + 224.0 * (b - luma) / (2.0 * (1.0 - kb));
+                cr += 128.0 * alpha + 224.0 * (r - luma) / (2.0 * (1.0 - kr));
+                coverage += alpha;
+            }
+            const std::size_t j = std::size_t(y) * (width / 2) + x;
+            m_planes[1].premultiplied[j] = fixed88(cb / 4.0);
+            m_planes[2].premultiplied[j] = fixed88(cr / 4.0);
+            m_planes[1].weight[j] = m_planes[2].weight[j] = std::uint16_t(256 - fixed88(coverage / 4.0));
         }
     }
     // Rounding must not lift a sample over what its coverage allows, which keeps the blend in 16 bits.
@@ -77,7 +76,7 @@ OverlayBlender::OverlayBlender(const QImage &overlay, ColorMatrix matrix)
         for (std::size_t i = 0; i < plane.weight.size(); ++i)
             plane.premultiplied[i] = std::min<std::uint16_t>(plane.premultiplied[i], 255 * (256 - plane.weight[i]));
     }
-    luma.findSpans(16);
+    m_planes[0].findSpans(16);
     m_planes[1].findSpans(8);
     m_planes[2].findSpans(8);
 }

@@ -18,5 +18,8 @@ struct FrameTap
     std::function<void(int index, const QImage &frame)> take;
 };
 
+/** How many frames a GIF of a movie shows, spread evenly over it. */
+constexpr int gifFrameCount = 16;
+
 /** `count` times spread evenly over `duration` seconds: i * duration / count, the first at zero. */
 [[nodiscard]] std::vector<double> evenlySpreadTimes(double duration, int count);

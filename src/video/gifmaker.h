@@ -37,7 +37,7 @@ private:
 class GifMaker
 {
 public:
-    static constexpr int frameCount = 16;
+    static constexpr int frameCount = gifFrameCount;
     static constexpr int delayHundredths = 20;
     static constexpr int loopCount = 0;
 

@@ -15,9 +15,9 @@ namespace {
 
 constexpr const char *videoEncoderName = "libx264";
 constexpr const char *audioEncoderName = "aac";
-// A key frame every two seconds: players and the GIF step seek to any time by decoding at most two
-// seconds, at a small cost in size.
-constexpr int keyFrameSeconds = 1;
+// Key frames at most two seconds apart, so that players seek to any time quickly; the renderer adds the
+// ones the GIF needs.
+constexpr int keyFrameSeconds = 2;
 
 } // namespace
 

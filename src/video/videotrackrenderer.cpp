@@ -139,6 +139,14 @@ void VideoTrackRenderer::encode(AVCodecContext &encoder, MovieWriter &writer, AV
     }
 }
 
+std::vector<int> VideoTrackRenderer::framesSpreadEvenly(int count) const
+{
+    std::vector<int> frames;
+    for (const double time : evenlySpreadTimes(m_frameCount * m_frameDuration, count))
+        frames.push_back(std::min(m_frameCount - 1, int(std::floor(time / m_frameDuration + 1e-9))));
+    return frames;
+}
+
 void VideoTrackRenderer::run(AVCodecContext &encoder, MovieWriter &writer, const std::optional<FrameTap> &tap,
     const std::atomic<bool> &stop, std::atomic<int> &written)
 {
@@ -153,11 +161,9 @@ void VideoTrackRenderer::run(AVCodecContext &encoder, MovieWriter &writer, const
         queue.close();
     });
 
-    std::vector<int> tapFrames;
-    if (tap) {
-        for (const double time : evenlySpreadTimes(m_frameCount * m_frameDuration, tap->frameCount))
-            tapFrames.push_back(std::min(m_frameCount - 1, int(std::floor(time / m_frameDuration + 1e-9))));
-    }
+    const std::vector<int> tapFrames = framesSpreadEvenly(tap ? tap->frameCount : 0);
+    // Key frames fall on the GIF's frames, so that making the GIF of this movie decodes those alone.
+    const std::vector<int> gifFrames = framesSpreadEvenly(gifFrameCount);
     std::size_t tapped = 0;
     FramePool outputs(m_frameSize.width(), m_frameSize.height(), AV_PIX_FMT_YUV420P);
     try {
@@ -177,6 +183,8 @@ void VideoTrackRenderer::run(AVCodecContext &encoder, MovieWriter &writer, const
             for (int n = entry->first; n < entry->first + entry->count; ++n) {
                 for (; tapped < tapFrames.size() && tapFrames[tapped] == n; ++tapped)
                     tap->take(int(tapped), frameToImage(*frame, tap->size));
+                const bool key = std::binary_search(gifFrames.begin(), gifFrames.end(), n);
+                frame->pict_type = key ? AV_PICTURE_TYPE_I : AV_PICTURE_TYPE_NONE;
                 frame->pts = n;
                 encode(encoder, writer, frame.get());
                 written = n + 1;

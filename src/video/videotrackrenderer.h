@@ -19,6 +19,7 @@ class MovieWriter;
  * encoder, whose own threads do the rest. Output frames are at a constant rate: frame n shows the
  * last source picture whose time is not after n times the frame duration, so pictures of a faster
  * source are dropped and those of a slower one repeated. Nothing after the video's duration is written.
+ * The frames a GIF of the movie shows are key frames.
  */
 class VideoTrackRenderer
 {
@@ -46,6 +47,8 @@ private:
         av::Frame picture;
     };
 
+    /** The frames shown at `count` times spread evenly over the movie. */
+    [[nodiscard]] std::vector<int> framesSpreadEvenly(int count) const;
     void decode(BoundedQueue<Entry> &queue, const std::atomic<bool> &stop);
     void encode(AVCodecContext &encoder, MovieWriter &writer, AVFrame *frame);
 

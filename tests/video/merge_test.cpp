@@ -98,6 +98,15 @@ TEST_F(MergeTest, WritesAThirtyFramesPerSecondMovieNamedByMilliseconds)
         // Nothing after the video's end.
         EXPECT_LT(sounds[0].value(QStringLiteral("duration")).toString().toDouble(), 2.05);
 
+        // The frames a GIF of the movie shows (16 over its 2 s, i * 2 / 16 s) are its key frames.
+        std::vector<double> gifTimes;
+        for (int i = 0; i < 16; ++i)
+            gifTimes.push_back(std::floor(i * 2.0 / 16 * 30 + 1e-9) / 30);
+        const std::vector<double> keys = keyFrameTimes(run.path());
+        ASSERT_EQ(keys.size(), gifTimes.size());
+        for (std::size_t i = 0; i < keys.size(); ++i)
+            EXPECT_NEAR(keys[i], gifTimes[i], 0.001) << i;
+
         // Progress came off the GUI thread, between 0 and 1, never going back.
         EXPECT_FALSE(run.progress.empty());
         EXPECT_TRUE(run.progressOffGuiThread);

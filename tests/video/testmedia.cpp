@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -134,6 +135,22 @@ std::vector<QJsonObject> streamsOf(const QString &file, const QString &type)
             streams.push_back(stream.toObject());
     }
     return streams;
+}
+
+std::vector<double> keyFrameTimes(const QString &movie)
+{
+    const QByteArray csv = run(QStringLiteral("ffprobe"),
+        { QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-select_streams"), QStringLiteral("v"),
+            QStringLiteral("-show_entries"), QStringLiteral("packet=pts_time,flags"), QStringLiteral("-of"),
+            QStringLiteral("csv=p=0"), movie });
+    std::vector<double> times;
+    for (const QByteArray &line : csv.split('\n')) {
+        const QList<QByteArray> fields = line.split(',');
+        if (fields.size() >= 2 && fields[1].startsWith('K'))
+            times.push_back(fields[0].toDouble());
+    }
+    std::sort(times.begin(), times.end());
+    return times;
 }
 
 QImage frameAt(const QString &movie, double seconds)

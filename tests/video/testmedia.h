@@ -45,6 +45,8 @@ private:
 /** The streams of one type ("video", "audio") that ffprobe lists. */
 [[nodiscard]] std::vector<QJsonObject> streamsOf(const QString &file, const QString &type);
 
+/** The presentation times of a movie's key frames, in seconds. */
+[[nodiscard]] std::vector<double> keyFrameTimes(const QString &movie);
 /** The picture shown at `seconds`, as ffmpeg decodes it to RGB. */
 [[nodiscard]] QImage frameAt(const QString &movie, double seconds);
 /** The sound as mono float samples at `rate`. */

@@ -8,22 +8,34 @@
 #include <QFuture>
 #include <QtConcurrent>
 
-#include <algorithm>
 #include <cmath>
 
-void GifFrames::put(int index, const QImage &frame)
+void GifFrames::put(int index, std::function<QImage()> picture)
 {
+    QFuture<PalettedFrame> quantizing
+        = QtConcurrent::run([picture = std::move(picture)] { return PalettedFrame::quantize(picture()); });
     const std::lock_guard lock(m_mutex);
     if (index >= int(m_frames.size()))
         m_frames.resize(std::size_t(index) + 1);
-    m_frames[std::size_t(index)] = frame;
+    m_frames[std::size_t(index)] = std::move(quantizing);
 }
 
-std::vector<QImage> GifFrames::frames() const
+std::vector<PalettedFrame> GifFrames::take()
 {
-    const std::lock_guard lock(m_mutex);
-    const bool complete = std::none_of(m_frames.begin(), m_frames.end(), [](const QImage &f) { return f.isNull(); });
-    return complete ? m_frames : std::vector<QImage>();
+    std::vector<QFuture<PalettedFrame>> futures;
+    {
+        const std::lock_guard lock(m_mutex);
+        futures.swap(m_frames);
+    }
+    std::vector<PalettedFrame> frames;
+    for (QFuture<PalettedFrame> &future : futures) {
+        // A frame never handed over has an empty future, which counts as cancelled.
+        future.waitForFinished();
+        if (future.isCanceled() || future.resultCount() == 0)
+            return {};
+        frames.push_back(future.result());
+    }
+    return frames;
 }
 
 GifMaker::GifMaker(QString destination, QSize size)
@@ -42,7 +54,8 @@ QSize GifMaker::sizeFor(QSizeF renderSize)
 
 FrameTap GifMaker::frameTap(std::shared_ptr<GifFrames> frames) const
 {
-    return { frameCount, m_size, [frames](int index, const QImage &frame) { frames->put(index, frame); } };
+    return { frameCount, m_size,
+        [frames](int index, const QImage &frame) { frames->put(index, [frame] { return frame; }); } };
 }
 
 bool GifMaker::createGif(const QString &movie) const
@@ -51,28 +64,19 @@ bool GifMaker::createGif(const QString &movie) const
     if (!stills.isOpen() || !std::isfinite(stills.duration()) || m_size.isEmpty())
         return false;
     // Each picture is scaled and quantised on the pool as soon as it is decoded, while the next is sought.
-    std::vector<QFuture<PalettedFrame>> quantizing;
+    GifFrames frames;
     const bool decoded
-        = stills.picturesAt(evenlySpreadTimes(stills.duration(), frameCount), [&](int, av::Frame picture) {
+        = stills.picturesAt(evenlySpreadTimes(stills.duration(), frameCount), [&](int index, av::Frame picture) {
               std::shared_ptr<AVFrame> shared(picture.release(), av::FrameDeleter());
-              quantizing.push_back(QtConcurrent::run(
-                  [shared, size = m_size] { return PalettedFrame::quantize(frameToImage(*shared, size)); }));
+              frames.put(index, [shared, size = m_size] { return frameToImage(*shared, size); });
           });
-    std::vector<PalettedFrame> frames;
-    for (QFuture<PalettedFrame> &future : quantizing)
-        frames.push_back(future.result());
-    return decoded && writeGif(frames, delayHundredths, loopCount, m_destination);
+    return createGif(frames) && decoded;
 }
 
-bool GifMaker::createGif(const GifFrames &frames) const
+bool GifMaker::createGif(GifFrames &frames) const
 {
-    const std::vector<QImage> pictures = frames.frames();
-    if (pictures.size() != std::size_t(frameCount))
-        return false;
-    const QList<PalettedFrame> paletted
-        = QtConcurrent::blockingMapped(QList<QImage>(pictures.begin(), pictures.end()), &PalettedFrame::quantize);
-    return writeGif(
-        std::vector<PalettedFrame>(paletted.begin(), paletted.end()), delayHundredths, loopCount, m_destination);
+    const std::vector<PalettedFrame> paletted = frames.take();
+    return paletted.size() == std::size_t(frameCount) && writeGif(paletted, delayHundredths, loopCount, m_destination);
 }
 
 void GifMaker::createGifInBackground(

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "frametap.h"
+#include "gifwriter.h"
 
+#include <QFuture>
 #include <QImage>
 #include <QSize>
 #include <QSizeF>
@@ -15,17 +17,21 @@
 #include <variant>
 #include <vector>
 
-/** The GIF's frames as a merge's tap hands them over, kept until the GIF is made. */
+/**
+ * The GIF's frames, each quantised on the thread pool as soon as it is handed over, so that little is
+ * left to do once the last one is in, and only the small paletted frames are kept.
+ */
 class GifFrames
 {
 public:
-    void put(int index, const QImage &frame);
-    /** The frames in order; empty when any is missing. */
-    [[nodiscard]] std::vector<QImage> frames() const;
+    /** Starts making frame `index` from what `picture` gives, on the pool; any thread. */
+    void put(int index, std::function<QImage()> picture);
+    /** The paletted frames in order, waiting for those still in work; empty when any is missing. */
+    [[nodiscard]] std::vector<PalettedFrame> take();
 
 private:
-    mutable std::mutex m_mutex;
-    std::vector<QImage> m_frames;
+    std::mutex m_mutex;
+    std::vector<QFuture<PalettedFrame>> m_frames;
 };
 
 /**
@@ -54,8 +60,8 @@ public:
 
     /** Makes the GIF from a movie file; blocks, so call it off the GUI thread. */
     bool createGif(const QString &movie) const;
-    /** Makes the GIF from the frames a tap took; blocks. */
-    bool createGif(const GifFrames &frames) const;
+    /** Makes the GIF from the frames a tap took; blocks until they are quantised. */
+    bool createGif(GifFrames &frames) const;
 
     using Source = std::variant<QString, std::shared_ptr<GifFrames>>;
     /** Makes the GIF on the thread pool; `completion` gets its URL, or nothing, on the GUI thread. */

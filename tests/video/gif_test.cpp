@@ -85,15 +85,20 @@ TEST_F(GifTest, MergeTapHandsOverTheCompositedFramesBeforeEncoding)
     const QString output = home.filePath(QStringLiteral("Documents/tapped.gif"));
     const GifMaker maker(output, GifMaker::sizeFor(QSizeF(64, 64)));
     auto frames = std::make_shared<GifFrames>();
+    // The GIF maker's tap, watched on its way: the pictures it is handed.
+    FrameTap tap = maker.frameTap(frames);
+    auto taken = std::make_shared<std::vector<QImage>>(16);
+    tap.take = [taken, forward = tap.take](int index, const QImage &frame) {
+        taken->at(std::size_t(index)) = frame;
+        forward(index, frame);
+    };
     const MergeRun run
         = MergeRun::start({ 30, home.filePath(QStringLiteral("Documents")), Quality::low, Placement::stretchFit() },
-            movie, std::nullopt, false, std::nullopt, overlay, maker.frameTap(frames));
+            movie, std::nullopt, false, std::nullopt, overlay, tap);
     ASSERT_TRUE(run.url);
 
-    const std::vector<QImage> taken = frames->frames();
-    ASSERT_EQ(taken.size(), 16u);
     for (int i = 0; i < 16; ++i) {
-        const QImage &frame = taken[std::size_t(i)];
+        const QImage &frame = taken->at(std::size_t(i));
         ASSERT_EQ(frame.size(), QSize(64, 64));
         // Composited: the overlay on the left, the video on the right, exact as no encoder has touched them.
         EXPECT_TRUE(near(frame.pixelColor(8, 32), QColor(0, 255, 0), 4)) << i;

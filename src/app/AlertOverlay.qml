@@ -10,6 +10,11 @@ Item {
     visible: root.alert !== null
     z: 1000
 
+    RegularExpressionValidator {
+        id: digits
+        regularExpression: /[0-9]{0,5}/
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.scrim
@@ -51,6 +56,20 @@ Item {
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.WordWrap
             }
+            Repeater {
+                model: root.alert ? root.alert.textFieldPlaceholders : []
+                delegate: TextField {
+                    required property int index
+                    required property string modelData
+                    Layout.fillWidth: true
+                    objectName: "alertField_" + modelData
+                    placeholderText: modelData
+                    text: root.alert.textFieldTexts[index]
+                    inputMethodHints: root.alert.textFieldNumeric[index] ? Qt.ImhDigitsOnly : Qt.ImhNone
+                    validator: root.alert.textFieldNumeric[index] ? digits : null
+                    onTextEdited: root.alert.setTextFieldText(index, text)
+                }
+            }
             RowLayout {
                 Layout.fillWidth: true
                 Layout.topMargin: Theme.spacing
@@ -64,6 +83,7 @@ Item {
                         text: modelData
                         flat: root.alert !== null && modelData === root.alert.cancelTitle
                         highlighted: !flat
+                        enabled: root.alert !== null && !root.alert.disabledActionTitles.includes(modelData)
                         font.family: Theme.titleFont
                         font.weight: Font.Medium
                         onClicked: root.alert.trigger(modelData)

@@ -1,0 +1,113 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Window
+
+/**
+ * The two-column grid of cards that every card grid shows, with its footer refresh, its go-to-top button
+ * and its states. The controller decides everything; this file binds and lays out.
+ */
+Item {
+    id: root
+
+    required property var vc
+    readonly property bool wide: Math.min(Screen.width, Screen.height) >= 600 && Math.min(width, height) >= 600
+    readonly property size card: root.vc.cardSize(Window.width > 0 ? Window.width : width,
+                                                   Window.height > 0 ? Window.height : height)
+    readonly property real gap: 10
+
+    Binding {
+        target: root.vc
+        property: "isPad"
+        value: root.wide
+    }
+
+    GridView {
+        id: grid
+        objectName: "cardGrid"
+        anchors.fill: parent
+        // Each cell holds half the spacing on every side of its card.
+        leftMargin: root.gap / 2
+        rightMargin: root.gap / 2
+        topMargin: root.gap / 2
+        bottomMargin: root.gap / 2
+        cellWidth: root.card.width + root.gap
+        cellHeight: root.card.height + root.gap
+        cacheBuffer: Math.max(0, root.card.height * 2)
+        reuseItems: true
+        boundsBehavior: Flickable.DragAndOvershootBounds
+        model: root.vc.items
+
+        property real lastContentY: 0
+        property bool drawn: false
+        property int picturesShown: 0
+        readonly property int firstScreenCards: Math.min(count, 2 * Math.ceil((height - topMargin) / cellHeight))
+
+        delegate: TemplateCard {
+            width: grid.cellWidth
+            height: grid.cellHeight
+            padding: root.gap / 2
+            pictureSize: Qt.size(Math.round(root.card.width * Screen.devicePixelRatio),
+                                 Math.round(root.card.height * Screen.devicePixelRatio))
+            onTapped: root.vc.didSelectItem(index)
+            onPictureShownChanged: {
+                if (pictureShown && index < grid.firstScreenCards)
+                    ++grid.picturesShown
+            }
+        }
+
+        // The cells that come into view at the edge the grid moves towards.
+        onContentYChanged: {
+            const down = contentY >= lastContentY
+            lastContentY = contentY
+            const y = down ? contentY + height - 1 : contentY + 1
+            let shown = indexAt(width - root.gap - 2, y)
+            if (shown < 0)
+                shown = indexAt(root.gap + 2, y)
+            if (shown >= 0)
+                root.vc.willDisplayCell(shown)
+        }
+        onAtYEndChanged: {
+            if (atYEnd && count > 0)
+                root.vc.footerRefresh()
+        }
+    }
+
+    // The first frame that shows the first screen of cards with their pictures.
+    Connections {
+        target: root.Window.window
+        enabled: !grid.drawn && grid.count > 0 && grid.picturesShown >= grid.firstScreenCards
+        function onFrameSwapped() {
+            grid.drawn = true
+            root.vc.gridShown()
+        }
+    }
+
+    // The footer refresh at work.
+    BusyIndicator {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 8
+        running: root.vc.isRefreshing
+        visible: running
+    }
+
+    RoundButton {
+        objectName: "goToTopButton"
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: 16
+        visible: root.vc.goToTopVisible
+        text: "\u2191"
+        font.pixelSize: 20
+        highlighted: true
+        onClicked: grid.positionViewAtBeginning()
+    }
+
+    StateLabel {
+        anchors.fill: parent
+        text: root.vc.stateText
+        retryVisible: root.vc.retryVisible
+        onRetryClicked: root.vc.retry()
+    }
+}

@@ -1,0 +1,55 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+
+/** The catalog strip: one tab per catalog, its name on its gradient; the selected one stands out. */
+ListView {
+    id: root
+
+    required property var vc
+
+    orientation: ListView.Horizontal
+    spacing: 8
+    leftMargin: 10
+    rightMargin: 10
+    clip: true
+    boundsBehavior: Flickable.StopAtBounds
+    model: root.vc.strip
+    currentIndex: root.vc.selectedIndex
+
+    delegate: Rectangle {
+        id: tab
+
+        required property int index
+        required property string name
+        required property color leftColor
+        required property color rightColor
+        readonly property bool selected: tab.index === root.vc.selectedIndex
+
+        anchors.verticalCenter: parent ? parent.verticalCenter : undefined
+        width: label.implicitWidth + 32
+        height: root.height - 16
+        radius: height / 2
+        opacity: tab.selected ? 1 : 0.75
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+            GradientStop { position: 0; color: tab.leftColor }
+            GradientStop { position: 1; color: tab.rightColor }
+        }
+        border.width: tab.selected ? 2 : 0
+        border.color: palette.base
+
+        Label {
+            id: label
+            anchors.centerIn: parent
+            text: tab.name
+            color: "white"
+            font.family: "Rubik"
+            font.weight: tab.selected ? Font.Medium : Font.Normal
+            font.pixelSize: 14
+        }
+        TapHandler {
+            onTapped: root.vc.selectCatalog(tab.index)
+        }
+    }
+}

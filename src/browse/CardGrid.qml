@@ -38,7 +38,8 @@ Item {
         boundsBehavior: Flickable.DragAndOvershootBounds
         model: root.vc.items
 
-        property real lastContentY: 0
+        property int firstRow: -1
+        property int lastRow: -1
         property bool drawn: false
         property int picturesShown: 0
         readonly property int firstScreenCards: Math.min(count, 2 * Math.ceil((height - topMargin) / cellHeight))
@@ -56,17 +57,25 @@ Item {
             }
         }
 
-        // The cells that come into view at the edge the grid moves towards.
-        onContentYChanged: {
-            const down = contentY >= lastContentY
-            lastContentY = contentY
-            const y = down ? contentY + height - 1 : contentY + 1
-            let shown = indexAt(width - root.gap - 2, y)
-            if (shown < 0)
-                shown = indexAt(root.gap + 2, y)
-            if (shown >= 0)
-                root.vc.willDisplayCell(shown)
+        // A row that comes into view tells the controller of its cells: the last one of a new bottom row, the
+        // first one of a new top row. Worked out from the layout, as a jump leaves no delegates there yet.
+        function rowAt(y) {
+            return Math.floor((Math.max(originY, Math.min(originY + contentHeight - 1, y)) - originY) / cellHeight)
         }
+        function showRows() {
+            if (count === 0)
+                return
+            const columns = Math.max(1, Math.floor((width - leftMargin - rightMargin) / cellWidth))
+            const first = rowAt(contentY)
+            const last = rowAt(contentY + height - 1)
+            if (last > lastRow)
+                root.vc.willDisplayCell(Math.min(count - 1, last * columns + columns - 1))
+            else if (first < firstRow)
+                root.vc.willDisplayCell(first * columns)
+            firstRow = first
+            lastRow = last
+        }
+        onContentYChanged: showRows()
         onAtYEndChanged: {
             if (atYEnd && count > 0)
                 root.vc.footerRefresh()

@@ -2,6 +2,7 @@
 
 #include "contentserver.h"
 
+#include <QSize>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -19,7 +20,11 @@
 class BrowsePack
 {
 public:
-    explicit BrowsePack(int storyCards = 45);
+    /**
+     * `storyCards` in catalog 301; the cards share `pictures` distinct pictures of `pictureSize` (as many as
+     * there are cards gives every card its own).
+     */
+    explicit BrowsePack(int storyCards = 45, int pictures = 6, QSize pictureSize = QSize(270, 480));
     ~BrowsePack();
     BrowsePack(const BrowsePack &) = delete;
     BrowsePack &operator=(const BrowsePack &) = delete;

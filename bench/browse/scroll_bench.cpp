@@ -28,6 +28,7 @@
 #include <vector>
 
 Q_IMPORT_QML_PLUGIN(Quillet_BrowsePlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
 
 namespace {
 

@@ -23,6 +23,7 @@ void HomeVC::setSelectedTab(int tab)
     m_selectedTab = tab;
     showTab(tab);
     Q_EMIT selectedTabChanged();
+    Q_EMIT searchAvailableChanged();
 }
 
 bool HomeVC::searchAvailable() const
@@ -51,6 +52,7 @@ void HomeVC::showTab(int tab)
     m_tabScreens[tab] = screen;
     addChildViewController(screen);
     Q_EMIT tabScreensChanged();
+    Q_EMIT searchAvailableChanged();
 }
 
 void HomeVC::searchClicked()

@@ -19,7 +19,7 @@ class HomeVC : public ViewController
     /** The screen of each tab; null for a tab not shown yet, or whose screen is not built. */
     Q_PROPERTY(QList<QObject *> tabScreens READ tabScreens NOTIFY tabScreensChanged)
     /** The tab shown has templates to search. */
-    Q_PROPERTY(bool searchAvailable READ searchAvailable NOTIFY selectedTabChanged)
+    Q_PROPERTY(bool searchAvailable READ searchAvailable NOTIFY searchAvailableChanged)
 public:
     explicit HomeVC(QObject *parent = nullptr);
 
@@ -42,6 +42,7 @@ public:
 Q_SIGNALS:
     void selectedTabChanged();
     void tabScreensChanged();
+    void searchAvailableChanged();
 
 private:
     void showTab(int tab);

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** The bar of a pushed screen: back, and the screen's title in the middle. */
 ToolBar {
@@ -8,12 +9,16 @@ ToolBar {
 
     required property var vc
 
+    background: Rectangle {
+        color: Theme.accent
+    }
+
     RowLayout {
         anchors.fill: parent
-        ToolButton {
+        IconButton {
             objectName: "backButton"
-            text: "\u2039"
-            font.pixelSize: 28
+            asset: "ic_back"
+            color: Theme.textOnAccent
             onClicked: root.vc.goBack()
         }
         Label {
@@ -21,12 +26,13 @@ ToolBar {
             text: root.vc.title
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideRight
-            font.family: "Rubik"
+            color: Theme.textOnAccent
+            font.family: Theme.titleFont
             font.weight: Font.Medium
-            font.pixelSize: 18
+            font.pixelSize: Theme.fontTitle
         }
         Item {
-            Layout.preferredWidth: 48
+            Layout.preferredWidth: Theme.barHeight - Theme.spacing
         }
     }
 }

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Window
+import Quillet.Ui
 
 /**
  * The two-column grid of cards that every card grid shows, with its footer refresh, its go-to-top button
@@ -96,7 +97,7 @@ Item {
     BusyIndicator {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 8
+        anchors.bottomMargin: Theme.spacing
         running: root.vc.isRefreshing
         visible: running
     }
@@ -105,10 +106,10 @@ Item {
         objectName: "goToTopButton"
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.margins: 16
+        anchors.margins: Theme.margin
         visible: root.vc.goToTopVisible
-        text: "\u2191"
-        font.pixelSize: 20
+        icon.source: "image://assets/ic_top"
+        icon.color: Theme.textOnAccent
         highlighted: true
         onClicked: grid.positionViewAtBeginning()
     }

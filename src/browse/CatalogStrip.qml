@@ -1,6 +1,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
+import Quillet.Ui
 
 /** The catalog strip: one tab per catalog, its name on its gradient; the selected one stands out. */
 ListView {
@@ -9,9 +10,9 @@ ListView {
     required property var vc
 
     orientation: ListView.Horizontal
-    spacing: 8
-    leftMargin: 10
-    rightMargin: 10
+    spacing: Theme.spacing
+    leftMargin: Theme.spacing
+    rightMargin: Theme.spacing
     clip: true
     boundsBehavior: Flickable.StopAtBounds
     model: root.vc.strip
@@ -27,8 +28,8 @@ ListView {
         readonly property bool selected: tab.index === root.vc.selectedIndex
 
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
-        width: label.implicitWidth + 32
-        height: root.height - 16
+        width: label.implicitWidth + 2 * Theme.margin
+        height: root.height - 2 * Theme.spacing
         radius: height / 2
         opacity: tab.selected ? 1 : 0.75
         gradient: Gradient {
@@ -37,16 +38,16 @@ ListView {
             GradientStop { position: 1; color: tab.rightColor }
         }
         border.width: tab.selected ? 2 : 0
-        border.color: palette.base
+        border.color: Theme.surface
 
         Label {
             id: label
             anchors.centerIn: parent
             text: tab.name
-            color: "white"
-            font.family: "Rubik"
+            color: Theme.textOnAccent
+            font.family: Theme.titleFont
             font.weight: tab.selected ? Font.Medium : Font.Normal
-            font.pixelSize: 14
+            font.pixelSize: Theme.fontBody
         }
         TapHandler {
             onTapped: root.vc.selectCatalog(tab.index)

@@ -2,6 +2,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Ui
 
 /** The blank start: the image and video canvas sizes, each drawn as its shape. */
 Page {
@@ -9,6 +10,9 @@ Page {
 
     required property var vc
 
+    background: Rectangle {
+        color: Theme.background
+    }
     header: BackBar {
         vc: root.vc
     }
@@ -19,42 +23,42 @@ Page {
         required property int index
         required property var modelData
         property bool video: false
-        readonly property real shapeScale: tile.modelData.width > 0 && tile.modelData.height > 0
-                                           ? 56 / Math.max(tile.modelData.width, tile.modelData.height) : 0
 
         width: 104
-        height: 132
+        height: 140
         onClicked: root.vc.didSelect(tile.video, tile.index)
 
+        background: Rectangle {
+            radius: Theme.radius
+            color: tile.down ? Theme.accentSoft : Theme.surface
+        }
         contentItem: Column {
-            spacing: 6
-            Item {
+            spacing: Theme.spacing
+            topPadding: Theme.spacing
+            AssetIcon {
                 anchors.horizontalCenter: parent.horizontalCenter
-                width: 64
-                height: 64
-                Rectangle {
-                    anchors.centerIn: parent
-                    width: tile.shapeScale > 0 ? tile.modelData.width * tile.shapeScale : 44
-                    height: tile.shapeScale > 0 ? tile.modelData.height * tile.shapeScale : 44
-                    radius: 4
-                    color: "transparent"
-                    border.width: 2
-                    border.color: palette.highlight
-                    Label {
-                        anchors.centerIn: parent
-                        text: tile.shapeScale > 0 ? tile.modelData.ratio : "+"
-                        font.pixelSize: tile.shapeScale > 0 ? 11 : 22
-                        color: palette.highlight
-                    }
-                }
+                width: 2 * Theme.iconSize
+                height: width
+                asset: tile.modelData.image
+                color: Theme.accent
             }
             Label {
                 width: parent.width
                 text: tile.modelData.name
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.WordWrap
-                font.family: "Rubik"
-                font.pixelSize: 12
+                color: Theme.text
+                font.family: Theme.titleFont
+                font.pixelSize: Theme.fontSmall
+            }
+            Label {
+                width: parent.width
+                text: tile.modelData.ratio
+                horizontalAlignment: Text.AlignHCenter
+                visible: text.length > 0
+                color: Theme.textMuted
+                font.family: Theme.bodyFont
+                font.pixelSize: Theme.fontSmall
             }
         }
     }
@@ -67,16 +71,17 @@ Page {
         property bool video: false
 
         Layout.fillWidth: true
-        spacing: 8
+        spacing: Theme.spacing
         Label {
             text: section.title
-            font.family: "Rubik"
+            color: Theme.text
+            font.family: Theme.titleFont
             font.weight: Font.Medium
-            font.pixelSize: 16
+            font.pixelSize: Theme.fontTitle
         }
         Flow {
             Layout.fillWidth: true
-            spacing: 8
+            spacing: Theme.spacing
             Repeater {
                 model: section.sizes
                 delegate: SizeTile {
@@ -88,16 +93,16 @@ Page {
 
     Flickable {
         anchors.fill: parent
-        contentHeight: sections.implicitHeight + 32
+        contentHeight: sections.implicitHeight + 2 * Theme.margin
         clip: true
         ScrollIndicator.vertical: ScrollIndicator { }
 
         ColumnLayout {
             id: sections
-            x: 16
-            y: 16
-            width: parent.width - 32
-            spacing: 20
+            x: Theme.margin
+            y: Theme.margin
+            width: parent.width - 2 * Theme.margin
+            spacing: 2 * Theme.margin
 
             Section {
                 objectName: "imageSizes"

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import Quillet.Ui
 
 /** The results of a search: the search message over the grid of cards. */
 Page {
@@ -7,6 +8,9 @@ Page {
 
     required property var vc
 
+    background: Rectangle {
+        color: Theme.background
+    }
     header: BackBar {
         vc: root.vc
     }
@@ -17,12 +21,13 @@ Page {
         anchors.top: parent.top
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.margins: 12
+        anchors.margins: Theme.spacing
         text: root.vc.searchMessage
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.WordWrap
-        font.family: "Rubik"
-        font.pixelSize: 15
+        color: Theme.text
+        font.family: Theme.titleFont
+        font.pixelSize: Theme.fontBody + 1
     }
     CardGrid {
         anchors.top: message.bottom

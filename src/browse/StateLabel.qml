@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import Quillet.Ui
 
 /** The loading, failed and empty states in words; a tap retries from the failed state. */
 Item {
@@ -13,13 +14,21 @@ Item {
 
     Column {
         anchors.centerIn: parent
-        width: parent.width - 48
-        spacing: 12
+        width: parent.width - 4 * Theme.margin
+        spacing: Theme.spacing
 
         BusyIndicator {
             anchors.horizontalCenter: parent.horizontalCenter
             running: root.visible && !root.retryVisible && root.text === "Loading..."
             visible: running
+        }
+        AssetIcon {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 2 * Theme.iconSize
+            height: width
+            asset: "retry"
+            color: Theme.textMuted
+            visible: root.retryVisible
         }
         Label {
             objectName: "stateLabel"
@@ -27,9 +36,9 @@ Item {
             text: root.text
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.WordWrap
-            font.family: "Rubik"
-            font.pixelSize: 15
-            color: palette.placeholderText
+            font.family: Theme.titleFont
+            font.pixelSize: Theme.fontBody + 1
+            color: Theme.textMuted
         }
     }
     TapHandler {

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls
+import Quillet.Ui
 
 /** One template card: its picture fitted in the card, over a placeholder until the picture has arrived. */
 Item {
@@ -19,9 +20,17 @@ Item {
         objectName: "placeholder"
         anchors.fill: parent
         anchors.margins: root.padding
-        radius: 8
-        color: palette.alternateBase
+        radius: Theme.spacing
+        color: Theme.separator
         visible: picture.status !== Image.Ready
+
+        AssetIcon {
+            anchors.centerIn: parent
+            width: parent.width / 4
+            height: width
+            asset: "img_placeholder"
+            color: Theme.textMuted
+        }
     }
     Image {
         id: picture

@@ -1,4 +1,5 @@
 import QtQuick
+import Quillet.Ui
 
 /** A catalog screen: the catalog strip over the grid of the selected catalog. */
 Item {
@@ -12,7 +13,7 @@ Item {
         anchors.top: parent.top
         anchors.left: parent.left
         anchors.right: parent.right
-        height: 56
+        height: Theme.barHeight
         vc: root.vc
     }
     ScreenLoader {

@@ -14,6 +14,7 @@
 
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_BrowsePlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
 
 namespace {
 

@@ -30,5 +30,6 @@ for ((i = 1; i <= runs; ++i)); do
     out=$(launch)
     grid=$(grep -o 'first grid shown after [0-9]* ms' <<<"$out" | grep -o '[0-9]*' || echo "none")
     home_at=$(awk '/Lottie Animation Completed/ { print $1; exit }' <<<"$out")
-    echo "launch $i: first grid shown after $grid ms; launch animation over after ~${home_at:-?} ms"
+    grid_at=$(awk '/first grid shown after/ { print $1; exit }' <<<"$out")
+    echo "launch $i: first grid shown after $grid ms; $((${grid_at:-0} - ${home_at:-0})) ms after the launch animation ended"
 done

@@ -27,6 +27,9 @@
 #include <cstdio>
 #include <vector>
 
+#include <sys/resource.h>
+#include <time.h>
+
 Q_IMPORT_QML_PLUGIN(Quillet_BrowsePlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
 
@@ -65,7 +68,22 @@ private:
     std::vector<double> m_frames;
 };
 
-void report(const char *pass, std::vector<double> frames, double seconds)
+/** CPU milliseconds of the calling thread, and of the whole process. */
+double threadCpuMs()
+{
+    timespec t {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+    return double(t.tv_sec) * 1e3 + double(t.tv_nsec) / 1e6;
+}
+double processCpuMs()
+{
+    rusage usage {};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto ms = [](const timeval &v) { return double(v.tv_sec) * 1e3 + double(v.tv_usec) / 1e3; };
+    return ms(usage.ru_utime) + ms(usage.ru_stime);
+}
+
+void report(const char *pass, std::vector<double> frames, double seconds, double guiCpuMs, double processCpu)
 {
     std::vector<double> intervals;
     for (size_t i = 1; i < frames.size(); ++i)
@@ -88,6 +106,8 @@ void report(const char *pass, std::vector<double> frames, double seconds)
                 "max %.1f ms; %ld late frames, %ld frames dropped at 60 Hz (%.1f %% of %ld)\n",
         pass, frames.size(), seconds, double(frames.size()) / seconds, at(0.5), at(0.95), at(0.99), intervals.back(),
         late, missed, 100.0 * double(missed) / (seconds * 60.0), long(seconds * 60.0));
+    std::printf("    CPU per frame: GUI thread %.2f ms, whole process %.2f ms (all threads, server included)\n",
+        guiCpuMs / double(frames.size()), processCpu / double(frames.size()));
 }
 
 } // namespace
@@ -157,12 +177,16 @@ int main(int argc, char **argv)
                 gridView->setProperty("contentY", down ? travelled : end - travelled);
                 window.update();
             });
+            const double gui = threadCpuMs();
+            const double process = processCpuMs();
             clock.start();
             timer.start();
             window.update();
             QTest::qWait(int(seconds * 1000));
             QObject::disconnect(step);
-            report(QByteArray(pass).append(down ? ", down" : ", up").constData(), clock.take(), seconds);
+            std::vector<double> frames = clock.take();
+            report(QByteArray(pass).append(down ? ", down" : ", up").constData(), std::move(frames), seconds,
+                threadCpuMs() - gui, processCpuMs() - process);
         }
     }
     std::fclose(quiet);

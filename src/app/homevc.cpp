@@ -64,7 +64,8 @@ void HomeVC::searchClicked()
 void HomeVC::createOwnClicked()
 {
     NavigationController *stack = navigationController();
-    ViewController *screen = m_storyboard && stack ? m_storyboard->instantiate(QStringLiteral("CreateOwnVC")) : nullptr;
-    if (screen)
+    if (!stack || !m_storyboard)
+        return;
+    if (ViewController *screen = m_storyboard->instantiate(QStringLiteral("CreateOwnVC")))
         stack->push(screen);
 }

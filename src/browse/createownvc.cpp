@@ -155,7 +155,9 @@ void CreateOwnVC::create()
 void CreateOwnVC::openEditor()
 {
     NavigationController *stack = navigationController();
-    ViewController *screen = m_storyboard && stack ? m_storyboard->instantiate(index) : nullptr;
+    if (!stack || !m_storyboard)
+        return;
+    ViewController *screen = m_storyboard->instantiate(index);
     auto *editor = qobject_cast<EditorSession *>(screen);
     if (!editor) {
         AppLog::print(QStringLiteral("no editor ") + index);
@@ -171,7 +173,9 @@ void CreateOwnVC::openBackgroundVideos()
 {
     const QString identifier = QStringLiteral("BGVideoContentCategoryPagerVC");
     NavigationController *stack = navigationController();
-    ViewController *pager = m_storyboard && stack ? m_storyboard->instantiate(identifier) : nullptr;
+    if (!stack || !m_storyboard)
+        return;
+    ViewController *pager = m_storyboard->instantiate(identifier);
     if (!pager) {
         AppLog::print(QStringLiteral("no screen ") + identifier);
         return;

@@ -48,9 +48,11 @@ void SearchCatalogVC::viewWillAppear()
 void SearchCatalogVC::search(const QString &text)
 {
     NavigationController *stack = navigationController();
+    if (!stack || !m_storyboard)
+        return;
     const QString identifier
         = isHightLightEditor ? QStringLiteral("HightlightSearchCardVc") : QStringLiteral("SearchCardVC");
-    ViewController *screen = m_storyboard && stack ? m_storyboard->instantiate(identifier) : nullptr;
+    ViewController *screen = m_storyboard->instantiate(identifier);
     auto *results = qobject_cast<SearchGridVC *>(screen);
     if (!results) {
         AppLog::print(QStringLiteral("no screen ") + identifier);

@@ -142,11 +142,12 @@ void TemplateCatalogVC::retry()
 void TemplateCatalogVC::searchClicked()
 {
     NavigationController *stack = navigationController();
-    auto *search = m_storyboard
-        ? qobject_cast<SearchCatalogVC *>(m_storyboard->instantiate(QStringLiteral("SearchCatalogVC")))
-        : nullptr;
-    if (!stack || !search) {
-        delete search;
+    if (!stack || !m_storyboard)
+        return;
+    ViewController *screen = m_storyboard->instantiate(QStringLiteral("SearchCatalogVC"));
+    auto *search = qobject_cast<SearchCatalogVC *>(screen);
+    if (!search) {
+        delete screen;
         return;
     }
     search->isVideo = isVideo;

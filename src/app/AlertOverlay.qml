@@ -70,10 +70,14 @@ Item {
                     onTextEdited: root.alert.setTextFieldText(index, text)
                 }
             }
-            RowLayout {
+            // Two buttons side by side; three or more stacked, so that long titles such as the sizes of a
+            // save are read in full.
+            GridLayout {
                 Layout.fillWidth: true
                 Layout.topMargin: Theme.spacing
-                spacing: Theme.spacing
+                columns: root.alert && root.alert.actionTitles.length > 2 ? 1 : 2
+                columnSpacing: Theme.spacing
+                rowSpacing: Theme.spacing
                 Repeater {
                     model: root.alert ? root.alert.actionTitles : []
                     delegate: Button {

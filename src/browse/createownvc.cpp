@@ -177,7 +177,11 @@ void CreateOwnVC::openBackgroundVideos()
         return;
     ViewController *pager = m_storyboard->instantiate(identifier);
     if (!pager) {
+        // A build without the background videos says so rather than leave the tap unanswered.
         AppLog::print(QStringLiteral("no screen ") + identifier);
+        auto *notice = new AlertModel(QString(), QStringLiteral("Background videos are not available."));
+        notice->addAction(QStringLiteral("OK"));
+        stack->presentAlert(notice);
         return;
     }
     // The pager hands the blank design on to the video editor once a background video is chosen.

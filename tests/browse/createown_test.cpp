@@ -161,6 +161,19 @@ TEST_F(CreateOwn, AVideoSizeGoesToTheBackgroundVideosWithItsBlankDesign)
     EXPECT_EQ(navigation.topViewController()->property("createOwnJson").value<std::shared_ptr<Json>>()->width, 2048);
 }
 
+class CreateOwnWithoutBackgroundVideos : public BrowseFixture
+{
+};
+
+TEST_F(CreateOwnWithoutBackgroundVideos, AVideoSizeSaysSoInsteadOfDoingNothing)
+{
+    auto *vc = push<CreateOwnVC>(QStringLiteral("CreateOwnVC"));
+    vc->didSelect(true, 0);
+    EXPECT_EQ(navigation.topViewController(), vc);
+    ASSERT_TRUE(navigation.alert());
+    EXPECT_EQ(navigation.alert()->message(), QStringLiteral("Background videos are not available."));
+}
+
 TEST(CreateOwnSides, NumbersFrom100To2048)
 {
     EXPECT_TRUE(CreateOwnVC::isValidSide(QStringLiteral("100")));

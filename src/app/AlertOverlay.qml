@@ -68,6 +68,8 @@ Item {
                     inputMethodHints: root.alert.textFieldNumeric[index] ? Qt.ImhDigitsOnly : Qt.ImhNone
                     validator: root.alert.textFieldNumeric[index] ? digits : null
                     onTextEdited: root.alert.setTextFieldText(index, text)
+                    // Typing goes to the first field at once, as the alert comes up.
+                    Component.onCompleted: if (index === 0) forceActiveFocus()
                 }
             }
             // Two buttons side by side; three or more stacked, so that long titles such as the sizes of a

@@ -23,7 +23,7 @@ ToolBar {
         }
         Label {
             Layout.fillWidth: true
-            text: root.vc.title
+            text: root.vc ? root.vc.title : ""
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideRight
             color: Theme.textOnAccent

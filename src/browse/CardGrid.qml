@@ -13,8 +13,9 @@ Item {
 
     required property var vc
     readonly property bool wide: Math.min(Screen.width, Screen.height) >= 600 && Math.min(width, height) >= 600
-    readonly property size card: root.vc.cardSize(Window.width > 0 ? Window.width : width,
-                                                   Window.height > 0 ? Window.height : height)
+    readonly property size card: root.vc ? root.vc.cardSize(Window.width > 0 ? Window.width : width,
+                                                            Window.height > 0 ? Window.height : height)
+                                         : Qt.size(0, 0)
     readonly property real gap: 10
 
     Binding {
@@ -37,7 +38,7 @@ Item {
         cacheBuffer: Math.max(0, root.card.height * 2)
         reuseItems: true
         boundsBehavior: Flickable.DragAndOvershootBounds
-        model: root.vc.items
+        model: root.vc ? root.vc.items : null
 
         property int firstRow: -1
         property int lastRow: -1
@@ -64,7 +65,7 @@ Item {
             return Math.floor((Math.max(originY, Math.min(originY + contentHeight - 1, y)) - originY) / cellHeight)
         }
         function showRows() {
-            if (count === 0)
+            if (count === 0 || !root.vc)
                 return
             const columns = Math.max(1, Math.floor((width - leftMargin - rightMargin) / cellWidth))
             const first = rowAt(contentY)
@@ -78,7 +79,7 @@ Item {
         }
         onContentYChanged: showRows()
         onAtYEndChanged: {
-            if (atYEnd && count > 0)
+            if (atYEnd && count > 0 && root.vc)
                 root.vc.footerRefresh()
         }
     }
@@ -98,7 +99,7 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
         anchors.bottomMargin: Theme.spacing
-        running: root.vc.isRefreshing
+        running: root.vc ? root.vc.isRefreshing : false
         visible: running
     }
 
@@ -107,7 +108,7 @@ Item {
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: Theme.margin
-        visible: root.vc.goToTopVisible
+        visible: root.vc ? root.vc.goToTopVisible : false
         icon.source: "image://assets/ic_top"
         icon.color: Theme.textOnAccent
         highlighted: true
@@ -116,8 +117,8 @@ Item {
 
     StateLabel {
         anchors.fill: parent
-        text: root.vc.stateText
-        retryVisible: root.vc.retryVisible
+        text: root.vc ? root.vc.stateText : ""
+        retryVisible: root.vc ? root.vc.retryVisible : false
         onRetryClicked: root.vc.retry()
     }
 }

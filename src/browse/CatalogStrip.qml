@@ -15,8 +15,8 @@ ListView {
     rightMargin: Theme.spacing
     clip: true
     boundsBehavior: Flickable.StopAtBounds
-    model: root.vc.strip
-    currentIndex: root.vc.selectedIndex
+    model: root.vc ? root.vc.strip : null
+    currentIndex: root.vc ? root.vc.selectedIndex : -1
 
     delegate: Rectangle {
         id: tab
@@ -25,7 +25,7 @@ ListView {
         required property string name
         required property color leftColor
         required property color rightColor
-        readonly property bool selected: tab.index === root.vc.selectedIndex
+        readonly property bool selected: root.vc !== null && tab.index === root.vc.selectedIndex
 
         anchors.verticalCenter: parent ? parent.verticalCenter : undefined
         width: label.implicitWidth + 2 * Theme.margin

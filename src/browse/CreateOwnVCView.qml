@@ -107,12 +107,12 @@ Page {
             Section {
                 objectName: "imageSizes"
                 title: qsTr("Image")
-                sizes: root.vc.imageSizes
+                sizes: root.vc ? root.vc.imageSizes : []
             }
             Section {
                 objectName: "videoSizes"
                 title: qsTr("Video")
-                sizes: root.vc.videoSizes
+                sizes: root.vc ? root.vc.videoSizes : []
                 video: true
             }
         }

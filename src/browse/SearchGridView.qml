@@ -22,7 +22,7 @@ Page {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.margins: Theme.spacing
-        text: root.vc.searchMessage
+        text: root.vc ? root.vc.searchMessage : ""
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.WordWrap
         color: Theme.text

@@ -25,7 +25,7 @@ Page {
         anchors.margins: Theme.margin
         leftPadding: Theme.iconSize + 2 * Theme.spacing
         placeholderText: qsTr("Search")
-        text: root.vc.searchBarText
+        text: root.vc ? root.vc.searchBarText : ""
         font.family: Theme.bodyFont
         inputMethodHints: Qt.ImhNoPredictiveText
         onTextEdited: root.vc.searchBarText = text
@@ -46,7 +46,7 @@ Page {
         anchors.top: searchBar.bottom
         anchors.left: parent.left
         anchors.margins: Theme.margin
-        text: root.vc.tableTitle
+        text: root.vc ? root.vc.tableTitle : ""
         color: Theme.text
         font.family: Theme.titleFont
         font.weight: Font.Medium
@@ -60,14 +60,14 @@ Page {
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         clip: true
-        model: root.vc.rows
+        model: root.vc ? root.vc.rows : []
         delegate: ItemDelegate {
             id: row
             required property int index
             required property string modelData
             width: ListView.view.width
             leftPadding: Theme.margin
-            enabled: !root.vc.placeholderShown
+            enabled: !(root.vc ? root.vc.placeholderShown : true)
             onClicked: root.vc.chooseRow(row.index)
             // A label of its own: a button's text would take the "&" of "Offers & Sales" for a shortcut.
             contentItem: Label {

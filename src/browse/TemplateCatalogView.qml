@@ -22,12 +22,12 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        screen: root.vc.grid
+        screen: root.vc ? root.vc.grid : null
     }
     StateLabel {
         anchors.fill: parent
-        text: root.vc.stateText
-        retryVisible: root.vc.retryVisible
+        text: root.vc ? root.vc.stateText : ""
+        retryVisible: root.vc ? root.vc.retryVisible : false
         onRetryClicked: root.vc.retry()
     }
 }

@@ -3,6 +3,7 @@
 // pass fetches and decodes every picture as its card comes into view; the second finds them in the cache.
 // Run under Xvfb: xvfb-run -a build/bin/browse_scroll_bench
 #include "applog.h"
+#include "assetimageprovider.h"
 #include "browsepack.h"
 #include "browsescreens.h"
 #include "featuredtempvc.h"
@@ -142,6 +143,7 @@ int main(int argc, char **argv)
     QQmlEngine engine;
     engine.addImportPath(QStringLiteral("qrc:/"));
     engine.addImageProvider(QStringLiteral("cache"), new ImageCacheProvider());
+    engine.addImageProvider(QStringLiteral("assets"), new AssetImageProvider());
     QQuickWindow window;
     window.resize(390, 844);
     QQmlComponent component(&engine, grid->viewUrl());

@@ -1,5 +1,6 @@
 #include "cardlistmodel.h"
 
+#include "imagecache.h"
 #include "prefixurl.h"
 
 namespace {
@@ -78,6 +79,22 @@ QString CardListModel::thumbnailSource(const Json &card)
         return {};
     if (card.is_offline.value_or(false))
         return QStringLiteral("image://assets/") + name;
-    return QStringLiteral("image://cache/")
-        + (isAddress(name) ? name : PrefixUrl::value() + QStringLiteral("resource/") + name);
+    return QStringLiteral("image://cache/") + pictureAddress(card);
+}
+
+QString CardListModel::pictureAddress(const Json &card)
+{
+    const QString name = card.sample_image.value_or(QString());
+    if (name.isEmpty() || card.is_offline.value_or(false))
+        return {};
+    return isAddress(name) ? name : PrefixUrl::value() + QStringLiteral("resource/") + name;
+}
+
+void CardListModel::preloadPictures(const Cards &cards, qsizetype count)
+{
+    for (const auto &card : cards.first(qMin(count, cards.size()))) {
+        const QString address = card ? pictureAddress(*card) : QString();
+        if (!address.isEmpty())
+            ImageCache::shared().loadImage(QUrl(address), nullptr, [](const QImage &, const QString &) {});
+    }
 }

@@ -40,6 +40,13 @@ public:
      * picture cache by address (a bare name lies below the assets' "resource/").
      */
     [[nodiscard]] static QString thumbnailSource(const Json &card);
+    /** The address of a card's picture in the picture cache; empty for an offline card or none. */
+    [[nodiscard]] static QString pictureAddress(const Json &card);
+    /**
+     * Starts loading the pictures of an answer's first cards into the picture cache's memory, so that a
+     * grid opened later shows them without waiting for the disk or the decoder.
+     */
+    static void preloadPictures(const Cards &cards, qsizetype count);
 
 Q_SIGNALS:
     void countChanged();

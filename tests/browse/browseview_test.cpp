@@ -1,4 +1,5 @@
 #include "applog.h"
+#include "assetimageprovider.h"
 #include "browsefixture.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
@@ -66,6 +67,7 @@ protected:
             });
         engine.addImportPath(QStringLiteral("qrc:/"));
         engine.addImageProvider(QStringLiteral("cache"), new ImageCacheProvider());
+        engine.addImageProvider(QStringLiteral("assets"), new AssetImageProvider());
         window.resize(390, 844);
     }
 

@@ -1,7 +1,11 @@
+#include "animatedlaunchscreen.h"
 #include "browsefixture.h"
 #include "hightlightstemplatevc.h"
 #include "homevc.h"
+#include "imagecache.h"
+#include "mapper.h"
 #include "searchcatalogvc.h"
+#include "templatedataresponse.h"
 #include "templatevc.h"
 
 class Home : public BrowseFixture
@@ -80,4 +84,21 @@ TEST_F(Home, SearchFollowsTheTabShownAndCreateOwnOpensTheBlankStart)
 
     home->createOwnClicked();
     EXPECT_EQ(navigation.topIdentifier(), QStringLiteral("CreateOwnVC"));
+}
+
+TEST_F(Home, TheLaunchDecodesThePicturesOfTheFirstScreenOfCards)
+{
+    ImageCache::shared().clearMemory();
+    auto *launch = new AnimatedLaunchScreen();
+    launch->setServerClient(&client);
+    navigation.push(launch, false);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return client.cachedTemplateWithCatalogs(47).has_value(); }, 15000));
+    const auto answer = Mapper::map<TemplateDataResponse>(*client.cachedTemplateWithCatalogs(47));
+    const CardListModel::Cards cards = answer->sample_cards.value_or(CardListModel::Cards());
+    ASSERT_GE(cards.size(), 6);
+    const auto inMemory = [&cards](int row) {
+        return ImageCache::shared().isInMemory(QUrl(CardListModel::pictureAddress(*cards.at(row))));
+    };
+    // Nothing but the launch screen asked for them.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return inMemory(0) && inMemory(5); }, 15000));
 }

@@ -10,6 +10,11 @@ Item {
     visible: root.alert !== null
     z: 1000
 
+    RegularExpressionValidator {
+        id: digits
+        regularExpression: /[0-9]{0,5}/
+    }
+
     Rectangle {
         anchors.fill: parent
         color: Theme.scrim
@@ -51,10 +56,30 @@ Item {
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.WordWrap
             }
-            RowLayout {
+            Repeater {
+                model: root.alert ? root.alert.textFieldPlaceholders : []
+                delegate: TextField {
+                    required property int index
+                    required property string modelData
+                    Layout.fillWidth: true
+                    objectName: "alertField_" + modelData
+                    placeholderText: modelData
+                    text: root.alert.textFieldTexts[index]
+                    inputMethodHints: root.alert.textFieldNumeric[index] ? Qt.ImhDigitsOnly : Qt.ImhNone
+                    validator: root.alert.textFieldNumeric[index] ? digits : null
+                    onTextEdited: root.alert.setTextFieldText(index, text)
+                    // Typing goes to the first field at once, as the alert comes up.
+                    Component.onCompleted: if (index === 0) forceActiveFocus()
+                }
+            }
+            // Two buttons side by side; three or more stacked, so that long titles such as the sizes of a
+            // save are read in full.
+            GridLayout {
                 Layout.fillWidth: true
                 Layout.topMargin: Theme.spacing
-                spacing: Theme.spacing
+                columns: root.alert && root.alert.actionTitles.length > 2 ? 1 : 2
+                columnSpacing: Theme.spacing
+                rowSpacing: Theme.spacing
                 Repeater {
                     model: root.alert ? root.alert.actionTitles : []
                     delegate: Button {
@@ -64,6 +89,7 @@ Item {
                         text: modelData
                         flat: root.alert !== null && modelData === root.alert.cancelTitle
                         highlighted: !flat
+                        enabled: root.alert !== null && !root.alert.disabledActionTitles.includes(modelData)
                         font.family: Theme.titleFont
                         font.weight: Font.Medium
                         onClicked: root.alert.trigger(modelData)

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Controls
 import QtQuick.Layouts
+import Quillet.Browse
 import Quillet.Ui
 
 /** The home screen: the title bar and the four design tabs. */
@@ -46,6 +47,11 @@ Page {
                 color: Theme.textOnAccent
                 Layout.preferredWidth: Theme.iconSize
                 Layout.preferredHeight: Theme.iconSize
+                opacity: root.vc.searchAvailable ? 1 : 0.4
+                TapHandler {
+                    enabled: root.vc.searchAvailable
+                    onTapped: root.vc.searchClicked()
+                }
             }
         }
 
@@ -96,11 +102,21 @@ Page {
             model: root.vc.tabTitles
             delegate: Item {
                 id: page
+                required property int index
                 required property string modelData
+                readonly property var screen: root.vc.tabScreens[index]
+
+                ScreenLoader {
+                    objectName: "tabLoader" + page.index
+                    anchors.fill: parent
+                    screen: page.screen
+                }
+                // A tab whose screen is not built yet: a few sample designs and a way to start one.
                 Column {
                     anchors.centerIn: parent
                     spacing: Theme.margin
                     width: parent.width - 4 * Theme.margin
+                    visible: !page.screen
                     Row {
                         anchors.horizontalCenter: parent.horizontalCenter
                         spacing: Theme.spacing
@@ -117,8 +133,7 @@ Page {
                     }
                     Label {
                         width: parent.width
-                        text: page.modelData === "My Story" ? qsTr("Your designs will live here")
-                                                             : qsTr("%1 templates are on their way").arg(page.modelData)
+                        text: qsTr("Your designs will live here")
                         font.family: Theme.titleFont
                         font.weight: Font.Medium
                         font.pixelSize: Theme.fontTitle
@@ -126,15 +141,13 @@ Page {
                         horizontalAlignment: Text.AlignHCenter
                         wrapMode: Text.WordWrap
                     }
-                    Label {
-                        width: parent.width
-                        text: page.modelData === "My Story" ? qsTr("Every design you save stays editable here.")
-                                                             : qsTr("Pick a template, make it yours, and share it in seconds.")
-                        font.family: Theme.bodyFont
-                        font.pixelSize: Theme.fontBody
-                        color: Theme.textMuted
-                        horizontalAlignment: Text.AlignHCenter
-                        wrapMode: Text.WordWrap
+                    Button {
+                        objectName: "createOwnButton"
+                        anchors.horizontalCenter: parent.horizontalCenter
+                        text: qsTr("Create your own")
+                        highlighted: true
+                        font.family: Theme.titleFont
+                        onClicked: root.vc.createOwnClicked()
                     }
                 }
             }

@@ -1,9 +1,12 @@
 #include "animatedlaunchscreen.h"
 
 #include "applog.h"
+#include "cardlistmodel.h"
+#include "mapper.h"
 #include "navigationcontroller.h"
 #include "serverclient.h"
 #include "storyboard.h"
+#include "templatedataresponse.h"
 
 namespace {
 
@@ -11,6 +14,8 @@ constexpr qint64 imageStories = 47;
 constexpr qint64 videoStories = 48;
 constexpr qint64 firstPage = 1;
 constexpr qint64 itemCount = 20;
+/** The cards of the first screen of the home grid: three rows of two on a phone. */
+constexpr qsizetype firstScreenCards = 6;
 
 } // namespace
 
@@ -32,10 +37,16 @@ void AnimatedLaunchScreen::viewDidLoad()
 {
     if (!m_client)
         return;
-    // The answers are written to the cache by the client itself; nothing waits for them.
+    // The answers are written to the cache by the client itself; nothing waits for them. The pictures of
+    // the first tab's first cards are decoded while the animation plays, so the home grid shows them at once.
     for (const qint64 subCategory : { imageStories, videoStories })
         m_client->getTemplateWithCatalogs(subCategory, 0, firstPage, itemCount, nullptr,
-            [](const std::optional<QJsonObject> &, const std::optional<ApiError> &, bool) {});
+            [subCategory](const std::optional<QJsonObject> &dictionary, const std::optional<ApiError> &, bool usable) {
+                if (subCategory != imageStories || !usable || !dictionary)
+                    return;
+                const auto answer = Mapper::map<TemplateDataResponse>(*dictionary);
+                CardListModel::preloadPictures(answer->sample_cards.value_or(CardListModel::Cards()), firstScreenCards);
+            });
 }
 
 void AnimatedLaunchScreen::animationCompleted()

@@ -33,7 +33,10 @@ public:
     /** The logo animation was cancelled: nothing further happens. */
     Q_INVOKABLE void animationCancelled();
 
-    /** Warms the catalog cache: the first page of image stories (47) and of video stories (48); answers are dropped. */
+    /**
+     * Warms the catalog cache: the first page of image stories (47) and of video stories (48); of the answers
+     * only the image stories' first card pictures are kept, in the picture cache.
+     */
     void viewDidLoad() override;
 
 private:

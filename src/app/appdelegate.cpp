@@ -65,14 +65,26 @@ bool AppDelegate::openUrl(const QUrl &url, const QString &sourceApplication)
     if (!search)
         return false;
     AppLog::print(QStringLiteral("search query = ") + *search);
-    if (m_navigation && m_storyboard) {
-        if (ViewController *vc = m_storyboard->instantiate(QStringLiteral("SearchCatalogVC"))) {
-            vc->setProperty("searchTxt", *search);
-            vc->setProperty("isUniversalLink", true);
-            m_navigation->push(vc, false);
-        }
+    if (!m_navigation || !m_storyboard)
+        return true;
+    // The launch screen is about to give way to a new root: the search waits for the home screen.
+    if (m_navigation->topIdentifier() == QLatin1String("AnimatedLaunchScreen")) {
+        connect(
+            m_navigation, &NavigationController::rootReplaced, this, [this, text = *search] { openSearch(text); },
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        return true;
     }
+    openSearch(*search);
     return true;
+}
+
+void AppDelegate::openSearch(const QString &text)
+{
+    if (ViewController *vc = m_storyboard->instantiate(QStringLiteral("SearchCatalogVC"))) {
+        vc->setProperty("searchTxt", text);
+        vc->setProperty("isUniversalLink", true);
+        m_navigation->push(vc, false);
+    }
 }
 
 void AppDelegate::startReachability()

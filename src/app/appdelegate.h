@@ -38,8 +38,11 @@ public:
 
     /** The search text of a deep link whose first query item is a non-empty "search", else nothing. */
     [[nodiscard]] static std::optional<QString> searchQuery(const QUrl &url);
-    /** A deep link: opens the search screen for a "search" link; false for every other link. */
-    bool openUrl(const QUrl &url, const QString &sourceApplication = QString());
+    /**
+     * A deep link: opens the search screen for a "search" link, over the home screen once it is there;
+     * false for every other link.
+     */
+    Q_INVOKABLE bool openUrl(const QUrl &url, const QString &sourceApplication = QString());
 
     /** The connectivity watcher's report. */
     void reachabilityChanged(bool reachable);
@@ -53,6 +56,7 @@ Q_SIGNALS:
 
 private:
     void startReachability();
+    void openSearch(const QString &text);
     QPointer<NavigationController> m_navigation;
     ServerClient *m_client = nullptr; // owned by main(), outlives this
     Reachability *m_reachability = nullptr;

@@ -6,6 +6,7 @@
 #include "apppaths.h"
 #include "appservices.h"
 #include "assetimageprovider.h"
+#include "browsescreens.h"
 #include "designsscreens.h"
 #include "editimageportraitmode.h"
 #include "editorscreens.h"
@@ -23,6 +24,7 @@
 #include "videoscreens.h"
 
 #include <QCommandLineParser>
+#include <QDesktopServices>
 #include <QDirIterator>
 #include <QFile>
 #include <QFontDatabase>
@@ -39,6 +41,7 @@
 #include <memory>
 
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_BrowsePlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_DesignsPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
@@ -67,7 +70,11 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
             screen->setServerClient(client);
             return screen;
         });
-    storyboard.registerScreen<HomeVC>(QStringLiteral("HomeVC"), QUrl(views + QStringLiteral("HomeVCView.qml")));
+    storyboard.registerFactory(QStringLiteral("HomeVC"), QUrl(views + QStringLiteral("HomeVCView.qml")), [&storyboard] {
+        auto *home = new HomeVC();
+        home->setStoryboard(&storyboard);
+        return home;
+    });
     storyboard.registerScreen<EditVideoPortraitMode>(
         QStringLiteral("EditVideoPortraitMode"), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
     storyboard.registerScreen<PrintInteractionController>(
@@ -181,6 +188,8 @@ int main(int argc, char **argv)
         QStringLiteral("ms"), QStringLiteral("1500") });
     parser.addOption(
         { QStringLiteral("self-test"), QStringLiteral("Make every screen once offscreen; fail on QML warnings.") });
+    parser.addPositionalArgument(
+        QStringLiteral("link"), QStringLiteral("A quillet:// address to open, such as quillet://open?search=travel."));
     parser.process(app);
 
     AppPaths::ensureCreated();
@@ -197,6 +206,8 @@ int main(int argc, char **argv)
         bgColors.append(entry->color.value_or(QString()));
     PickerScreens::registerScreens(storyboard, services.client(), bgColors);
     VideoScreens::registerScreens(storyboard);
+    BrowseScreens::registerScreens(
+        storyboard, services.client(), [](bool video) { return AppHelpers::customRatios(video); });
     NavigationController navigation;
     AppDelegate delegate(&navigation, &storyboard);
     services.attach(delegate);
@@ -227,5 +238,11 @@ int main(int argc, char **argv)
             QCoreApplication::exit(saved ? 0 : 1);
         });
     }
-    return QGuiApplication::exec();
+    // Deep links: a quillet:// address on the command line, and those the platform hands over while running.
+    QDesktopServices::setUrlHandler(QStringLiteral("quillet"), &delegate, "openUrl");
+    if (const QStringList links = parser.positionalArguments(); !links.isEmpty())
+        delegate.openUrl(QUrl(links.first()), QStringLiteral("command line"));
+    const int status = QGuiApplication::exec();
+    QDesktopServices::unsetUrlHandler(QStringLiteral("quillet"));
+    return status;
 }

@@ -13,6 +13,35 @@ AlertModel *AlertModel::addAction(const QString &title, Style style, std::functi
     return this;
 }
 
+AlertModel *AlertModel::addTextField(const QString &placeholder, bool numeric)
+{
+    m_placeholders.append(placeholder);
+    m_numeric.append(numeric);
+    m_texts.append(QString());
+    Q_EMIT textFieldsChanged();
+    return this;
+}
+
+void AlertModel::setTextFieldText(int index, const QString &text)
+{
+    if (index < 0 || index >= m_texts.size() || m_texts.at(index) == text)
+        return;
+    m_texts[index] = text;
+    Q_EMIT textFieldsChanged();
+    Q_EMIT textFieldEdited(index);
+}
+
+void AlertModel::setActionEnabled(const QString &actionTitle, bool enabled)
+{
+    if (enabled == !m_disabled.contains(actionTitle))
+        return;
+    if (enabled)
+        m_disabled.removeAll(actionTitle);
+    else
+        m_disabled.append(actionTitle);
+    Q_EMIT actionsEnabledChanged();
+}
+
 QStringList AlertModel::actionTitles() const
 {
     QStringList titles;
@@ -33,7 +62,7 @@ QString AlertModel::cancelTitle() const
 bool AlertModel::trigger(const QString &actionTitle)
 {
     for (const Action &action : std::as_const(m_actions)) {
-        if (action.title == actionTitle) {
+        if (action.title == actionTitle && !m_disabled.contains(actionTitle)) {
             const auto handler = action.handler;
             Q_EMIT finished();
             if (handler)

@@ -22,20 +22,41 @@ class AlertModel : public QObject
     Q_PROPERTY(QString cancelTitle READ cancelTitle CONSTANT)
     /** True for an action sheet, false for a centred alert. */
     Q_PROPERTY(bool actionSheet READ isActionSheet CONSTANT)
+    /** The placeholders of the text fields, one per field, in the order they were added. */
+    Q_PROPERTY(QStringList textFieldPlaceholders READ textFieldPlaceholders NOTIFY textFieldsChanged)
+    /** Per field, whether it takes digits only. */
+    Q_PROPERTY(QList<bool> textFieldNumeric READ textFieldNumeric NOTIFY textFieldsChanged)
+    /** What the text fields hold. */
+    Q_PROPERTY(QStringList textFieldTexts READ textFieldTexts NOTIFY textFieldsChanged)
+    /** Titles of the buttons that cannot be pressed at the moment. */
+    Q_PROPERTY(QStringList disabledActionTitles READ disabledActionTitles NOTIFY actionsEnabledChanged)
 public:
     enum class Style { Default, Cancel, Destructive };
 
     AlertModel(QString title, QString message, bool actionSheet = false, QObject *parent = nullptr);
 
     AlertModel *addAction(const QString &title, Style style = Style::Default, std::function<void()> handler = {});
+    /** Adds a text field; `numeric` asks for a number pad. Fields are added before the alert is presented. */
+    AlertModel *addTextField(const QString &placeholder, bool numeric = false);
+    void setActionEnabled(const QString &actionTitle, bool enabled);
 
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QString message() const { return m_message; }
     [[nodiscard]] QStringList actionTitles() const;
     [[nodiscard]] QString cancelTitle() const;
     [[nodiscard]] bool isActionSheet() const { return m_actionSheet; }
+    [[nodiscard]] QStringList textFieldPlaceholders() const { return m_placeholders; }
+    [[nodiscard]] QList<bool> textFieldNumeric() const { return m_numeric; }
+    [[nodiscard]] QStringList textFieldTexts() const { return m_texts; }
+    [[nodiscard]] QStringList disabledActionTitles() const { return m_disabled; }
 
-    /** Presses the button with this title: the alert closes, then its handler runs. False if there is none. */
+    /** The user edited field `index`; `textFieldEdited` follows, as after each keystroke. */
+    Q_INVOKABLE void setTextFieldText(int index, const QString &text);
+
+    /**
+     * Presses the button with this title: the alert closes, then its handler runs. False if there is none
+     * or it is disabled.
+     */
     Q_INVOKABLE bool trigger(const QString &actionTitle);
     /** Closes the alert without an answer, as a blocking notice (an alert without buttons) ends. */
     void close();
@@ -43,6 +64,10 @@ public:
 Q_SIGNALS:
     /** The alert was answered and should disappear. */
     void finished();
+    /** A text field changed by an edit; the owner may enable or disable buttons in answer. */
+    void textFieldEdited(int index);
+    void textFieldsChanged();
+    void actionsEnabledChanged();
 
 private:
     struct Action
@@ -55,4 +80,8 @@ private:
     QString m_message;
     bool m_actionSheet;
     QList<Action> m_actions;
+    QStringList m_placeholders;
+    QList<bool> m_numeric;
+    QStringList m_texts;
+    QStringList m_disabled;
 };

@@ -3,12 +3,18 @@
 #include "imagecache.h"
 
 #include <QCoreApplication>
+#include <QFutureWatcher>
 #include <QQuickTextureFactory>
 #include <QUrl>
+#include <QtConcurrent/QtConcurrentRun>
 
 namespace {
 
-/** One picture on its way; the cache works on the GUI thread, the response is read on QML's loader thread. */
+/**
+ * One picture on its way; the cache works on the GUI thread, the response is read on QML's loader thread.
+ * Scaling to the requested size runs on the thread pool, so that a grid of thumbnails leaves the GUI
+ * thread free while it scrolls.
+ */
 class ImageCacheResponse : public QQuickImageResponse
 {
 public:
@@ -20,11 +26,21 @@ public:
             [this, url, requestedSize] {
                 ImageCache::shared().loadImage(
                     url, this, [this, requestedSize](const QImage &image, const QString &error) {
-                        m_image = requestedSize.isValid() && !image.isNull()
-                            ? image.scaled(requestedSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                            : image;
                         m_error = error;
-                        Q_EMIT finished();
+                        if (!requestedSize.isValid() || image.isNull()) {
+                            m_image = image;
+                            Q_EMIT finished();
+                            return;
+                        }
+                        // The watcher dies with a cancelled response; the job itself never touches it.
+                        auto *watcher = new QFutureWatcher<QImage>(this);
+                        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+                            m_image = watcher->result();
+                            Q_EMIT finished();
+                        });
+                        watcher->setFuture(QtConcurrent::run([image, requestedSize] {
+                            return image.scaled(requestedSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+                        }));
                     });
             },
             Qt::QueuedConnection);

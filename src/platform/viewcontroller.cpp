@@ -16,5 +16,23 @@ void ViewController::setTitle(const QString &title)
 
 NavigationController *ViewController::navigationController() const
 {
-    return m_navigation.data();
+    if (m_navigation)
+        return m_navigation.data();
+    const auto *parentScreen = qobject_cast<const ViewController *>(parent());
+    return parentScreen ? parentScreen->navigationController() : nullptr;
+}
+
+void ViewController::addChildViewController(ViewController *child)
+{
+    child->setParent(this);
+    if (!child->m_loaded) {
+        child->m_loaded = true;
+        child->viewDidLoad();
+    }
+}
+
+void ViewController::goBack()
+{
+    if (NavigationController *stack = navigationController(); stack && stack->topViewController() == this)
+        stack->pop();
 }

@@ -26,7 +26,17 @@ public:
     [[nodiscard]] QUrl viewUrl() const { return m_viewUrl; }
     [[nodiscard]] QString title() const { return m_title; }
     void setTitle(const QString &title);
+    /** The stack this screen is on; a child screen shares its parent's. */
     [[nodiscard]] NavigationController *navigationController() const;
+
+    /**
+     * Shows `child` inside this screen (a tab, an embedded grid): this screen owns it, it reaches the same
+     * navigation controller, and it loads now.
+     */
+    void addChildViewController(ViewController *child);
+
+    /** The back button: leaves this screen when it is the top of its stack. */
+    Q_INVOKABLE void goBack();
 
     /** Called once, when the controller is first shown. */
     virtual void viewDidLoad() { }

@@ -54,6 +54,8 @@ struct ContentServer::Private
     std::string error;
     bool accessLog = true;
     bool started = false;
+    bool recordRequests = false;
+    std::vector<std::pair<std::string, nlohmann::json>> received;
 
     std::mutex listenerMutex; // guards the listener and the refusal thread
     std::unique_ptr<Listener> listener;
@@ -201,6 +203,11 @@ void ContentServer::Private::handleApi(const httplib::Request &req, httplib::Res
     const bool known = promotion ? ContentApi::knowsPromotion(endpoint) : ContentApi::knows(endpoint);
     const nlohmann::json request
         = req.body.empty() ? nlohmann::json::object() : nlohmann::json::parse(req.body, nullptr, false);
+    if (!promotion) {
+        std::lock_guard lock(mutex);
+        if (recordRequests)
+            received.emplace_back(endpoint, request);
+    }
     if (!known) {
         res.status = 404;
         envelope = ContentApi::envelope(404, "Unknown endpoint.");
@@ -459,6 +466,23 @@ void ContentServer::setHostileNames(bool enabled, const std::string &target)
 std::string ContentServer::identity()
 {
     return R"({"name":"quillet-content-server"})";
+}
+
+void ContentServer::setRecordRequests(bool enabled)
+{
+    std::lock_guard lock(d->mutex);
+    d->recordRequests = enabled;
+}
+
+std::vector<nlohmann::json> ContentServer::receivedRequests(const std::string &endpoint) const
+{
+    std::lock_guard lock(d->mutex);
+    std::vector<nlohmann::json> bodies;
+    for (const auto &[name, body] : d->received) {
+        if (name == endpoint)
+            bodies.push_back(body);
+    }
+    return bodies;
 }
 
 std::filesystem::path ContentServer::defaultContentDir()

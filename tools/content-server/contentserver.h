@@ -6,6 +6,9 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
 
 /**
  * The content server: the main API under "api/public/api/" (with the font, audio, shape and stock-video
@@ -64,6 +67,11 @@ public:
     /** GET this path of a running server answers `identity()`: how a client knows the server as this one. */
     static constexpr const char *identityPath = "/__identity";
     [[nodiscard]] static std::string identity();
+
+    /** Keeps the body of every main API call from now on, for tests that count calls; off by default. */
+    void setRecordRequests(bool enabled);
+    /** The bodies of the main API calls of `endpoint` recorded so far, oldest first. */
+    [[nodiscard]] std::vector<nlohmann::json> receivedRequests(const std::string &endpoint) const;
 
     /**
      * Where the generated content pack lies: $QUILLET_CONTENT_DIR, else the build's "content" folder,

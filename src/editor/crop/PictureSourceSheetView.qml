@@ -1,0 +1,116 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Controls
+import QtQuick.Dialogs
+import QtQuick.Layouts
+import Quillet.Ui
+
+/** The picture sheet: where the picture comes from, the gallery or the camera, and Cancel. */
+Rectangle {
+    id: root
+
+    required property var vc
+
+    color: Theme.scrim
+
+    Rectangle {
+        id: panel
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        height: column.implicitHeight + 2 * Theme.margin
+        radius: Theme.radius
+        color: Theme.surface
+
+        ColumnLayout {
+            id: column
+            x: Theme.margin
+            y: Theme.margin
+            width: panel.width - 2 * Theme.margin
+            spacing: Theme.spacing
+
+            Label {
+                objectName: "sheetTitle"
+                Layout.fillWidth: true
+                text: root.vc.title
+                horizontalAlignment: Text.AlignHCenter
+                color: Theme.textMuted
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontBody
+            }
+            Repeater {
+                model: root.vc.rows
+                ItemDelegate {
+                    id: row
+                    required property int index
+                    required property var modelData
+                    objectName: "sourceRow" + index
+                    Layout.fillWidth: true
+                    enabled: modelData.enabled
+                    onClicked: root.vc.selectRow(index)
+                    contentItem: RowLayout {
+                        spacing: Theme.margin
+                        AssetIcon {
+                            asset: row.modelData.image
+                            color: Theme.text
+                            opacity: row.enabled ? 1 : 0.4
+                            Layout.preferredWidth: Theme.iconSize
+                            Layout.preferredHeight: Theme.iconSize
+                        }
+                        ColumnLayout {
+                            spacing: 0
+                            Layout.fillWidth: true
+                            Label {
+                                text: row.modelData.title
+                                color: row.enabled ? Theme.text : Theme.textMuted
+                                font.family: Theme.titleFont
+                                font.pixelSize: Theme.fontTitle
+                            }
+                            Label {
+                                objectName: "sourceRowDetail" + row.index
+                                visible: text.length > 0
+                                text: row.modelData.detail
+                                color: Theme.textMuted
+                                font.family: Theme.bodyFont
+                                font.pixelSize: Theme.fontSmall
+                            }
+                        }
+                    }
+                }
+            }
+            Rectangle {
+                Layout.fillWidth: true
+                implicitHeight: 1
+                color: Theme.separator
+            }
+            Button {
+                objectName: "cancelButton"
+                Layout.fillWidth: true
+                flat: true
+                text: qsTr("Cancel")
+                font.family: Theme.titleFont
+                font.weight: Font.Medium
+                font.pixelSize: Theme.fontTitle
+                palette.buttonText: Theme.accent
+                onClicked: root.vc.cancel()
+            }
+        }
+        BusyIndicator {
+            anchors.centerIn: parent
+            running: root.vc.isPreparing
+            visible: running
+        }
+    }
+
+    FileDialog {
+        id: gallery
+        title: root.vc.title
+        nameFilters: [qsTr("Pictures (*.png *.jpg *.jpeg *.webp *.gif *.bmp)")]
+        onAccepted: root.vc.pickedFile(gallery.selectedFile)
+    }
+    Connections {
+        target: root.vc
+        function onGalleryRequested() { gallery.open() }
+    }
+}

@@ -62,6 +62,7 @@ Rectangle {
                             spacing: 0
                             Layout.fillWidth: true
                             Label {
+                                Layout.fillWidth: true
                                 text: row.modelData.title
                                 color: row.enabled ? Theme.text : Theme.textMuted
                                 font.family: Theme.titleFont
@@ -69,6 +70,7 @@ Rectangle {
                             }
                             Label {
                                 objectName: "sourceRowDetail" + row.index
+                                Layout.fillWidth: true
                                 visible: text.length > 0
                                 text: row.modelData.detail
                                 color: Theme.textMuted
@@ -84,16 +86,20 @@ Rectangle {
                 implicitHeight: 1
                 color: Theme.separator
             }
-            Button {
+            ItemDelegate {
+                id: cancel
                 objectName: "cancelButton"
                 Layout.fillWidth: true
-                flat: true
                 text: qsTr("Cancel")
-                font.family: Theme.titleFont
-                font.weight: Font.Medium
-                font.pixelSize: Theme.fontTitle
-                palette.buttonText: Theme.accent
                 onClicked: root.vc.cancel()
+                contentItem: Label {
+                    text: cancel.text
+                    horizontalAlignment: Text.AlignHCenter
+                    color: Theme.accent
+                    font.family: Theme.titleFont
+                    font.weight: Font.Medium
+                    font.pixelSize: Theme.fontTitle
+                }
             }
         }
         BusyIndicator {

@@ -10,8 +10,17 @@ Rectangle {
     id: root
 
     required property var vc
+    /** Comes over the screen that opened it, which stays in sight under the scrim. */
+    readonly property bool isSheet: true
 
     color: Theme.scrim
+
+    // The screen below is in sight, not in reach.
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        onWheel: (wheel) => wheel.accepted = true
+    }
 
     Rectangle {
         id: panel

@@ -34,6 +34,8 @@ public:
                 id: window
                 width: 390; height: 760; visible: true
                 required property var vc
+                // The screen below: a sheet keeps it from being touched.
+                MouseArea { objectName: "below"; anchors.fill: parent; property int presses: 0; onPressed: ++presses }
                 )")
                 + view + R"( { anchors.fill: parent; vc: window.vc }
             })",
@@ -181,7 +183,10 @@ TEST(PictureSourceSheetView, ShowsTheTitleAndADisabledCameraRowWithoutACamera)
     EXPECT_EQ(detail->property("text").toString(), QStringLiteral("No camera on this device"));
     EXPECT_FALSE(screen.item(QStringLiteral("sourceRowDetail0"))->isVisible());
 
-    // A click on the disabled row opens nothing.
+    // A click on the disabled row opens nothing; a click above the sheet reaches nothing below it.
     screen.click(camera);
     EXPECT_EQ(navigation.topViewController(), sheet);
+    QTest::mouseClick(screen.window.get(), Qt::LeftButton, {}, QPoint(195, 100));
+    EXPECT_EQ(navigation.topViewController(), sheet);
+    EXPECT_EQ(screen.item(QStringLiteral("below"))->property("presses").toInt(), 0);
 }

@@ -160,6 +160,13 @@ Rectangle {
             }
             Item { Layout.fillWidth: true }
             IconButton {
+                objectName: "rotateLeftButton"
+                asset: "crop_rotate_left"
+                color: Theme.textOnAccent
+                enabled: root.vc.hasImage && !root.vc.isBusy
+                onClicked: root.vc.rotateCounterclockwise()
+            }
+            IconButton {
                 objectName: "rotateButton"
                 asset: "crop_rotate"
                 color: Theme.textOnAccent

@@ -140,6 +140,16 @@ void CropBox::rotateClockwise()
         m_ratio = 1.0 / *m_ratio;
 }
 
+void CropBox::rotateCounterclockwise()
+{
+    // A point (x, y) of the turned picture goes to (y, width - x).
+    const qreal width = turnedSize().width();
+    m_crop = QRectF(m_crop.top(), width - m_crop.right(), m_crop.height(), m_crop.width());
+    m_angle = (m_angle + 270) % 360;
+    if (m_ratio)
+        m_ratio = 1.0 / *m_ratio;
+}
+
 void CropBox::setAspectRatio(std::optional<qreal> ratio)
 {
     if (!ratio || !(*ratio > 0) || m_crop.isEmpty()) {

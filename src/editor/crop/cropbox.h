@@ -52,6 +52,8 @@ public:
 
     /** A quarter turn clockwise: the crop turns with the picture, and a kept ratio turns with it. */
     void rotateClockwise();
+    /** A quarter turn the other way, likewise. */
+    void rotateCounterclockwise();
     /**
      * Keeps `ratio` (width over height) from now on, none for a free crop. The crop takes that ratio at its
      * present area and centre, as large as the picture allows.

@@ -189,9 +189,22 @@ void CropViewController::zoomImage(qreal scale, qreal cx, qreal cy)
 
 void CropViewController::rotateClockwise()
 {
+    turn(true);
+}
+
+void CropViewController::rotateCounterclockwise()
+{
+    turn(false);
+}
+
+void CropViewController::turn(bool clockwise)
+{
     if (!hasImage() || isInteracting())
         return;
-    m_box.rotateClockwise();
+    if (clockwise)
+        m_box.rotateClockwise();
+    else
+        m_box.rotateCounterclockwise();
     // A kept ratio turns with the picture: 3:2 becomes 2:3.
     const Ratio &kept = ratios[m_ratioIndex];
     for (int row = 0; row < int(std::size(ratios)); ++row) {

@@ -12,8 +12,8 @@
 class CropTarget;
 
 /**
- * The image crop screen: the picture under a crop box with handles, a picker of aspect ratios, a quarter
- * turn clockwise, reset, Done and Cancel. The screen shows a smaller copy of the picture; Done cuts the
+ * The image crop screen: the picture under a crop box with handles, a picker of aspect ratios, quarter
+ * turns either way, reset, Done and Cancel. The screen shows a smaller copy of the picture; Done cuts the
  * full picture off the GUI thread and gives it to `delegate`.
  */
 class CropViewController : public ViewController
@@ -86,6 +86,7 @@ public:
     Q_INVOKABLE void zoomImage(qreal scale, qreal cx, qreal cy);
 
     Q_INVOKABLE void rotateClockwise();
+    Q_INVOKABLE void rotateCounterclockwise();
     Q_INVOKABLE void reset();
     Q_INVOKABLE void selectAspectRatio(int index);
 
@@ -116,6 +117,8 @@ private:
     /** There is a picture and room to show it. */
     [[nodiscard]] bool isLaidOut() const;
     [[nodiscard]] CropBox::Placement placement() const;
+    /** A quarter turn either way; a kept ratio turns with the picture. */
+    void turn(bool clockwise);
     void showPreview();
     void setBusy(bool &flag, bool value);
 

@@ -164,6 +164,19 @@ TEST(CropBox, QuarterTurnsTurnTheCropAndItsRatioWithThePicture)
     EXPECT_EQ(box.angle(), 0);
     expectRect(box.cropRect(), start, 1e-9);
     EXPECT_NEAR(*box.aspectRatio(), 1.5, 1e-12);
+
+    // A turn the other way is three turns clockwise, and undoes one.
+    CropBox thrice = box;
+    for (int turn = 0; turn < 3; ++turn)
+        thrice.rotateClockwise();
+    box.rotateCounterclockwise();
+    EXPECT_EQ(box.angle(), 270);
+    EXPECT_EQ(box.turnedSize(), QSizeF(2000, 3000));
+    expectRect(box.cropRect(), thrice.cropRect(), 1e-9);
+    EXPECT_NEAR(*box.aspectRatio(), 2.0 / 3.0, 1e-12);
+    box.rotateClockwise();
+    EXPECT_EQ(box.angle(), 0);
+    expectRect(box.cropRect(), start, 1e-9);
 }
 
 TEST(CropBox, ResetForgetsTurnsRatioAndCrop)

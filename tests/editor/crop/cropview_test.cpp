@@ -158,6 +158,10 @@ TEST(CropView, TheToolBarTurnsAndResets)
     screen.click(reset);
     EXPECT_EQ(crop->cropBox().angle(), 0);
     EXPECT_FALSE(reset->isEnabled());
+    screen.click(screen.item(QStringLiteral("rotateLeftButton")));
+    EXPECT_EQ(crop->cropBox().angle(), 270);
+    EXPECT_EQ(crop->preview().size(), QSize(800, 1200));
+    EXPECT_EQ(crop->preview().pixel(0, 0), crop->image().pixel(1199, 0));
 }
 
 TEST(PictureSourceSheetView, ShowsTheTitleAndADisabledCameraRowWithoutACamera)

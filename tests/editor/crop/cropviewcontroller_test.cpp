@@ -114,6 +114,10 @@ TEST(CropViewController, RatioRowsTurnWithThePictureAndResetFreesThem)
     crop.rotateClockwise();
     EXPECT_EQ(titles.at(crop.aspectRatioIndex()), QStringLiteral("9:16"));
     EXPECT_NEAR(*crop.cropBox().aspectRatio(), 9.0 / 16, 1e-12);
+    crop.rotateCounterclockwise();
+    EXPECT_EQ(titles.at(crop.aspectRatioIndex()), QStringLiteral("16:9"));
+    crop.rotateCounterclockwise();
+    EXPECT_EQ(titles.at(crop.aspectRatioIndex()), QStringLiteral("9:16"));
 
     // "Original" is the picture's own shape as it is turned now, and stays "Original" through a turn.
     crop.selectAspectRatio(titles.indexOf(QStringLiteral("Original")));

@@ -30,6 +30,18 @@ PictureSourceSheet::PictureSourceSheet(QObject *parent)
     : ViewController(parent)
 { }
 
+PictureSourceSheet *PictureSourceSheet::open(
+    const Storyboard &storyboard, NavigationController &navigation, int imagePickerTag, bool hasImage)
+{
+    auto *sheet = qobject_cast<PictureSourceSheet *>(storyboard.instantiate(QStringLiteral("PictureSourceSheet")));
+    if (!sheet)
+        return nullptr;
+    sheet->imagePickerTag = imagePickerTag;
+    sheet->hasImage = hasImage;
+    navigation.push(sheet);
+    return sheet;
+}
+
 void PictureSourceSheet::lookForCameras()
 {
     const bool found = !QMediaDevices::videoInputs().isEmpty();

@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QVariantList>
 
+class NavigationController;
 class QMediaDevices;
 class Storyboard;
 
@@ -27,6 +28,13 @@ class PictureSourceSheet : public ViewController
     Q_PROPERTY(bool isPreparing READ isPreparing NOTIFY isPreparingChanged)
 public:
     explicit PictureSourceSheet(QObject *parent = nullptr);
+
+    /**
+     * Opens the sheet over the top screen of `navigation`, which takes `imagePickerTag` and the cut
+     * picture as an `ImagePickerTarget`. `hasImage` titles it; null when the storyboard has no sheet.
+     */
+    static PictureSourceSheet *open(
+        const Storyboard &storyboard, NavigationController &navigation, int imagePickerTag, bool hasImage);
 
     // Set by the opener before the sheet is pushed.
     /** What the picture is for, handed to the opener's `imagePickerTag`. */

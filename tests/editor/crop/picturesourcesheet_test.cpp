@@ -26,10 +26,8 @@ protected:
 
     PictureSourceSheet *openSheet(bool hasImage, int tag)
     {
-        auto *sheet = qobject_cast<PictureSourceSheet *>(storyboard.instantiate(QStringLiteral("PictureSourceSheet")));
-        sheet->hasImage = hasImage;
-        sheet->imagePickerTag = tag;
-        navigation.push(sheet, false);
+        PictureSourceSheet *sheet = PictureSourceSheet::open(storyboard, navigation, tag, hasImage);
+        EXPECT_EQ(navigation.topViewController(), sheet);
         return sheet;
     }
 

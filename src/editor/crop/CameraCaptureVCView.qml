@@ -46,6 +46,8 @@ Rectangle {
         width: Theme.toolBarHeight
         height: Theme.toolBarHeight
         enabled: root.vc.isReadyForCapture
+        // Without a working camera there is nothing to shoot.
+        visible: root.vc.isReadyForCapture || root.vc.errorString.length === 0
         palette.button: Theme.textOnAccent
         onClicked: root.vc.takePicture()
     }

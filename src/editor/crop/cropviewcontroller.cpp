@@ -2,6 +2,7 @@
 
 #include "croptarget.h"
 #include "navigationcontroller.h"
+#include "storyboard.h"
 
 #include <QFutureWatcher>
 #include <QTransform>
@@ -33,6 +34,21 @@ constexpr int originalRow = 1;
 CropViewController::CropViewController(QObject *parent)
     : ViewController(parent)
 { }
+
+CropViewController *CropViewController::present(
+    const Storyboard &storyboard, NavigationController &navigation, const QImage &image, CropTarget *delegate)
+{
+    ViewController *made = storyboard.instantiate(QStringLiteral("CropViewController"));
+    auto *crop = qobject_cast<CropViewController *>(made);
+    if (!crop) {
+        delete made;
+        return nullptr;
+    }
+    crop->setImage(image);
+    crop->delegate = delegate;
+    navigation.present(crop);
+    return crop;
+}
 
 void CropViewController::setImage(const QImage &image)
 {

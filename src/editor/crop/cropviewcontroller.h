@@ -10,6 +10,8 @@
 #include <optional>
 
 class CropTarget;
+class NavigationController;
+class Storyboard;
 
 /**
  * The image crop screen: the picture under a crop box with handles, a picker of aspect ratios, quarter
@@ -49,6 +51,13 @@ public:
     static constexpr int previewSide = 2048;
 
     explicit CropViewController(QObject *parent = nullptr);
+
+    /**
+     * Presents the crop screen of `storyboard` over `navigation` with `image`; `delegate` gets the cut
+     * picture or the cancel. Null when the storyboard has no crop screen.
+     */
+    static CropViewController *present(
+        const Storyboard &storyboard, NavigationController &navigation, const QImage &image, CropTarget *delegate);
 
     /** Gets the cut picture or the cancel; the screen that presented this one. */
     CropTarget *delegate = nullptr;

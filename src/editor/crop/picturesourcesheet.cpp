@@ -122,15 +122,11 @@ void PictureSourceSheet::cancel()
 void PictureSourceSheet::pictureChosen(const QImage &picture)
 {
     NavigationController *stack = navigationController();
-    ViewController *made = m_storyboard ? m_storyboard->instantiate(QStringLiteral("CropViewController")) : nullptr;
-    auto *crop = qobject_cast<CropViewController *>(made);
-    if (!stack || !crop || !m_opener) {
-        delete made;
+    if (!stack || !m_storyboard || !m_opener)
         return;
-    }
-    crop->setImage(picture);
-    crop->delegate = dynamic_cast<CropTarget *>(m_opener.data());
     // The sheet and the camera go first, so that the crop screen's dismissal returns to the opener.
-    stack->popTo(m_opener, false);
-    stack->present(crop);
+    ViewController *opener = m_opener;
+    const Storyboard *storyboard = m_storyboard;
+    stack->popTo(opener, false);
+    CropViewController::present(*storyboard, *stack, picture, dynamic_cast<CropTarget *>(opener));
 }

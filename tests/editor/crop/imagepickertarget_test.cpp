@@ -1,5 +1,7 @@
 // Where a cut picture goes, by the editor's imagePickerTag, with the crop screen dismissed first.
 #include "cropfixture.h"
+#include "cropscreens.h"
+#include "storyboard.h"
 
 #include <gtest/gtest.h>
 
@@ -8,18 +10,19 @@ namespace {
 /** An editor at the root of a stack with the crop screen presented over it, as the editor presents it. */
 struct CropOverEditor
 {
+    Storyboard storyboard;
     NavigationController navigation;
     FakeEditor *editor = new FakeEditor();
-    CropViewController *crop = new CropViewController();
+    CropViewController *crop = nullptr;
 
     CropOverEditor(int tag, bool slotSelected)
     {
+        CropScreens::registerScreens(storyboard);
         editor->tag = tag;
         editor->slotSelected = slotSelected;
         navigation.setRoot(editor);
-        crop->setImage(codedPicture(QSize(90, 60)));
-        crop->delegate = editor;
-        navigation.present(crop, false);
+        crop = CropViewController::present(storyboard, navigation, codedPicture(QSize(90, 60)), editor);
+        EXPECT_EQ(navigation.topViewController(), crop);
         crop->setViewSize(390, 700);
     }
 

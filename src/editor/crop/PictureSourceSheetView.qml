@@ -120,8 +120,10 @@ Rectangle {
 
     FileDialog {
         id: gallery
+        objectName: "galleryDialog"
         title: root.vc.title
-        nameFilters: [qsTr("Pictures (*.png *.jpg *.jpeg *.webp *.gif *.bmp)")]
+        // The dialog matches names case by case, and cameras name their photographs in capitals.
+        nameFilters: [qsTr("Pictures (*.png *.jpg *.jpeg *.webp *.gif *.bmp *.PNG *.JPG *.JPEG *.WEBP *.GIF *.BMP)")]
         onAccepted: root.vc.pickedFile(gallery.selectedFile)
     }
     Connections {

@@ -193,4 +193,12 @@ TEST(PictureSourceSheetView, ShowsTheTitleAndADisabledCameraRowWithoutACamera)
     QTest::mouseClick(screen.window.get(), Qt::LeftButton, {}, QPoint(195, 100));
     EXPECT_EQ(navigation.topViewController(), sheet);
     EXPECT_EQ(screen.item(QStringLiteral("below"))->property("presses").toInt(), 0);
+
+    // The gallery row opens the file dialog (whose own view needs Qt's folder list module).
+    QObject *dialog = screen.window->findChild<QObject *>(QStringLiteral("galleryDialog"));
+    ASSERT_TRUE(dialog);
+    screen.click(gallery);
+    EXPECT_TRUE(waitFor([&] { return dialog->property("visible").toBool(); }));
+    QMetaObject::invokeMethod(dialog, "reject");
+    EXPECT_EQ(navigation.topViewController(), sheet);
 }

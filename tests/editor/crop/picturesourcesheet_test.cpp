@@ -34,7 +34,7 @@ protected:
     /** A photograph-like JPEG of that size, made with ffmpeg. */
     QString photo(const QString &name, QSize size)
     {
-        const QString path = home.filePath(name);
+        QString path = home.filePath(name);
         QProcess ffmpeg;
         ffmpeg.start(QStringLiteral("ffmpeg"),
             { "-loglevel", "error", "-y", "-f", "lavfi", "-i",

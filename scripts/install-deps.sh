@@ -13,6 +13,8 @@ PACKAGES=(
   qml6-module-qtquick-dialogs qml6-module-qtqml-workerscript qml6-module-qtqml-models
   qml6-module-qt-labs-lottieqt qml6-module-qt5compat-graphicaleffects
   qml6-module-qtmultimedia qml6-module-qttest qml6-module-qtcore
+  # The file dialog's own view lists folders through Qt's folder list model; without it opening one crashes.
+  qml6-module-qt-labs-folderlistmodel
   libavcodec-dev libavformat-dev libavutil-dev libswscale-dev libswresample-dev libavfilter-dev
   # Qt Multimedia's GStreamer backend: playback and typefinding (base), MP4/MOV demuxing and HTTP
   # sources (good), the H.264, AAC and MP3 decoders (libav), and the video sink's GL upload (gl).

@@ -38,14 +38,27 @@ ApplicationWindow {
             if (view)
                 stack.replace(null, view, StackView.ReplaceTransition)
         }
+        // A sheet (a view with `isSheet`) comes and goes at once, and the screen below stays in sight under it.
         function onPushed(vc, animated) {
             const view = root.viewFor(vc)
-            if (view)
-                stack.push(view, animated ? StackView.PushTransition : StackView.Immediate)
+            if (!view)
+                return
+            const below = view.isSheet === true ? stack.currentItem : null
+            if (below)
+                below.StackView.visible = true
+            stack.push(view, animated && !below ? StackView.PushTransition : StackView.Immediate)
+            if (below) {
+                below.x = 0
+                below.opacity = 1
+            }
         }
         function onPopped(newDepth, animated) {
-            while (stack.depth > newDepth && stack.depth > 1)
-                stack.pop(animated ? StackView.PopTransition : StackView.Immediate)
+            while (stack.depth > newDepth && stack.depth > 1) {
+                const sheet = stack.currentItem.isSheet === true
+                stack.pop(animated && !sheet ? StackView.PopTransition : StackView.Immediate)
+                if (sheet)
+                    stack.currentItem.StackView.visible = undefined
+            }
         }
     }
 

@@ -7,6 +7,7 @@
 #include "appservices.h"
 #include "assetimageprovider.h"
 #include "browsescreens.h"
+#include "cropscreens.h"
 #include "designsscreens.h"
 #include "editimageportraitmode.h"
 #include "editorscreens.h"
@@ -14,6 +15,7 @@
 #include "fontpickerscreens.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
+#include "imagedecoder.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
 #include "pickerscreens.h"
@@ -46,6 +48,7 @@ Q_IMPORT_QML_PLUGIN(Quillet_DesignsPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_PickersPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_Editor_CropPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_FontpickerPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_PreparationPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
@@ -112,9 +115,9 @@ bool openDesign(
 }
 
 // --show IDENTIFIER: that screen over the home screen (or over the design of --open), as if pushed there;
-// --video FILE becomes its videoPath (the trimmer's movie).
-bool showScreen(const QString &identifier, const QString &video, bool overDesign, const Storyboard &storyboard,
-    NavigationController &navigation)
+// --video FILE becomes its videoPath (the trimmer's movie), --picture FILE its image (the crop screen's).
+bool showScreen(const QString &identifier, const QString &video, const QString &picture, bool overDesign,
+    const Storyboard &storyboard, NavigationController &navigation)
 {
     ViewController *screen = storyboard.instantiate(identifier);
     if (!screen) {
@@ -123,6 +126,11 @@ bool showScreen(const QString &identifier, const QString &video, bool overDesign
     }
     if (!video.isEmpty() && !screen->setProperty("videoPath", video)) {
         qCritical().noquote() << identifier << "takes no video";
+        delete screen;
+        return false;
+    }
+    if (!picture.isEmpty() && !screen->setProperty("image", ImageDecoder::decodeFile(picture))) {
+        qCritical().noquote() << identifier << "shows no picture";
         delete screen;
         return false;
     }
@@ -182,6 +190,8 @@ int main(int argc, char **argv)
         QStringLiteral("size") });
     parser.addOption({ QStringLiteral("video"), QStringLiteral("The movie of the screen of --show (the trimmer's)."),
         QStringLiteral("file") });
+    parser.addOption({ QStringLiteral("picture"), QStringLiteral("The picture of the screen that --show shows."),
+        QStringLiteral("file") });
     parser.addOption({ QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window, then quit."),
         QStringLiteral("png") });
     parser.addOption({ QStringLiteral("screenshot-delay"), QStringLiteral("Milliseconds before the screenshot."),
@@ -208,6 +218,7 @@ int main(int argc, char **argv)
     VideoScreens::registerScreens(storyboard);
     BrowseScreens::registerScreens(
         storyboard, services.client(), [](bool video) { return AppHelpers::customRatios(video); });
+    CropScreens::registerScreens(storyboard);
     NavigationController navigation;
     AppDelegate delegate(&navigation, &storyboard);
     services.attach(delegate);
@@ -229,7 +240,7 @@ int main(int argc, char **argv)
         return 1;
     if (parser.isSet(QStringLiteral("show"))
         && !showScreen(parser.value(QStringLiteral("show")), parser.value(QStringLiteral("video")),
-            parser.isSet(QStringLiteral("open")), storyboard, navigation))
+            parser.value(QStringLiteral("picture")), parser.isSet(QStringLiteral("open")), storyboard, navigation))
         return 1;
     if (parser.isSet(QStringLiteral("screenshot"))) {
         auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());

@@ -90,6 +90,10 @@ constexpr IconRow icons[] = {
     { "ic_round", nullptr, "circle" },
     { "ic_checks_round", nullptr, "circle-check" },
     { "tick", nullptr, "check" },
+    { "crop_rotate", nullptr, "rotate-clockwise" },
+    { "crop_rotate_left", nullptr, "rotate" },
+    { "crop_reset", nullptr, "restore" },
+    { "crop_ratio", nullptr, "aspect-ratio" },
     // Editor: picture slots, background pickers, colour header
     { "plus", nullptr, "plus", grey },
     { "sc_plus", nullptr, "plus", lilac },

@@ -1,5 +1,9 @@
 #include "imagedecoder.h"
 
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+
 #include <webp/decode.h>
 
 namespace ImageDecoder {
@@ -11,8 +15,13 @@ bool isWebP(const QByteArray &data)
 
 QImage decode(const QByteArray &data)
 {
-    if (!isWebP(data))
-        return QImage::fromData(data);
+    if (!isWebP(data)) {
+        QBuffer buffer;
+        buffer.setData(data);
+        QImageReader reader(&buffer);
+        reader.setAutoTransform(true);
+        return reader.read();
+    }
     const auto *bytes = reinterpret_cast<const uint8_t *>(data.constData());
     int width = 0;
     int height = 0;
@@ -25,6 +34,12 @@ QImage decode(const QByteArray &data)
     if (!WebPDecodeRGBAInto(bytes, size_t(data.size()), image.bits(), size, int(image.bytesPerLine())))
         return {};
     return image;
+}
+
+QImage decodeFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? decode(file.readAll()) : QImage();
 }
 
 } // namespace ImageDecoder

@@ -28,7 +28,8 @@ Row {
     }
     FileDialog {
         id: gallery
-        nameFilters: [qsTr("Pictures (*.png *.jpg *.jpeg *.webp *.gif *.bmp)")]
+        // The dialog matches names case by case, and cameras name their photographs in capitals.
+        nameFilters: [qsTr("Pictures (*.png *.jpg *.jpeg *.webp *.gif *.bmp *.PNG *.JPG *.JPEG *.WEBP *.GIF *.BMP)")]
         onAccepted: root.vc.pickedFile(gallery.selectedFile)
     }
     Connections {

@@ -5,7 +5,6 @@
 #include "imagedecoder.h"
 #include "navigationcontroller.h"
 
-#include <QFile>
 #include <QFutureWatcher>
 #include <QVariantMap>
 #include <QtConcurrent/QtConcurrentRun>
@@ -57,8 +56,6 @@ void OwnPicturePage::pickedFile(const QUrl &file)
         if (ContentCategoryPager *owner = pager())
             handBack(*owner, picture);
     });
-    watcher->setFuture(QtConcurrent::run([path = file.isLocalFile() ? file.toLocalFile() : file.toString()] {
-        QFile in(path);
-        return in.open(QIODevice::ReadOnly) ? ImageDecoder::decode(in.readAll()) : QImage();
-    }));
+    watcher->setFuture(QtConcurrent::run(
+        [path = file.isLocalFile() ? file.toLocalFile() : file.toString()] { return ImageDecoder::decodeFile(path); }));
 }

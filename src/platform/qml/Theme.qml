@@ -15,6 +15,8 @@ QtObject {
     readonly property color scrim: "#80000000"
     /** Around the editor's canvas. */
     readonly property color workspace: "#EFEAEC"
+    /** Behind a picture shown on its own, as on the crop screen. */
+    readonly property color darkroom: "#141113"
     /** A row laid on the scrim, such as a layer of the layer panel. */
     readonly property color rowOnScrim: "#26FFFFFF"
 
@@ -28,6 +30,8 @@ QtObject {
     readonly property int tabHeight: 48
     readonly property int toolBarHeight: 72
     readonly property int iconSize: 24
+    /** The least size of something to be touched, such as a handle of the crop box. */
+    readonly property int touchTarget: 44
 
     readonly property int fontSmall: 12
     readonly property int fontBody: 14

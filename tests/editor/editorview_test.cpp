@@ -2,9 +2,13 @@
 #include "assetimageprovider.h"
 #include "editorfixture.h"
 #include "resizableimageview.h"
+#include "resizableview.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
 #include <gtest/gtest.h>
@@ -86,4 +90,90 @@ TEST(EditorViewBar, EveryIconOfTheScreenIsDrawn)
         EXPECT_FALSE(handle->image().isNull());
         EXPECT_FALSE(handle->isHidden());
     }
+}
+
+namespace {
+
+// The editor screen in a window, for touches.
+struct EditorWindow
+{
+    explicit EditorWindow(EditorFixture &f)
+    {
+        engine.addImportPath(QStringLiteral("qrc:/"));
+        window.resize(390, 844);
+        QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
+        screen.reset(qobject_cast<QQuickItem *>(component.createWithInitialProperties(
+            { { QStringLiteral("vc"), QVariant::fromValue(static_cast<QObject *>(&f.editor)) },
+                { QStringLiteral("width"), 390 }, { QStringLiteral("height"), 844 } })));
+        if (!screen) {
+            ADD_FAILURE() << component.errorString().toStdString();
+            return;
+        }
+        screen->setParentItem(window.contentItem());
+        window.show();
+        if (!QTest::qWaitForWindowExposed(&window))
+            ADD_FAILURE() << "the window was not shown";
+    }
+
+    // The scene point of a point of the canvas.
+    QPoint onCanvas(EditorFixture &f, QPointF point) const
+    {
+        const auto *canvas = screen->findChild<QQuickItem *>(QStringLiteral("canvas"));
+        return canvas->mapToScene(point + f.editor.canvasFrame().topLeft()).toPoint();
+    }
+
+    // Two fingers on `centre`, spread from 10 to 10 x `factor` points each side, beyond the drag threshold.
+    void pinch(QPoint centre, qreal factor)
+    {
+        QTest::qWait(20);
+        QTest::touchEvent(&window, device).press(0, centre - QPoint(10, 0)).press(1, centre + QPoint(10, 0));
+        const int steps = 20;
+        for (int i = 1; i <= steps; ++i) {
+            const int d = qRound(10 + 10 * (factor - 1) * i / steps);
+            QTest::touchEvent(&window, device).move(0, centre - QPoint(d, 0)).move(1, centre + QPoint(d, 0));
+            QTest::qWait(5);
+        }
+        const int d = qRound(10 * factor);
+        QTest::touchEvent(&window, device).release(0, centre - QPoint(d, 0)).release(1, centre + QPoint(d, 0));
+        QTest::qWait(20);
+    }
+
+    QQmlEngine engine;
+    QQuickWindow window;
+    std::unique_ptr<QQuickItem> screen;
+    QPointingDevice *device = QTest::createTouchDevice();
+};
+
+} // namespace
+
+// A pinch on the canvas is one change of the layer: one undo step, one store, and one undo takes it back.
+TEST(EditorViewGestures, APinchIsOneStepForStickersAndTexts)
+{
+    EditorFixture f;
+    f.picture(QStringLiteral("a.png"), Qt::red, QSize(100, 100));
+    ASSERT_TRUE(f.open(R"({"width": 360, "height": 640, "sample_image": "s.png",
+        "sticker_json": [{"sticker_image": "a.png", "xPos": 40, "yPos": 40, "width": 100, "height": 100}],
+        "text_json": [{"text": "Pinch me", "fontName": "DejaVu Sans", "xPos": 60, "yPos": 400, "size": 60}]})"));
+    EditorWindow w(f);
+    ASSERT_TRUE(w.screen);
+
+    auto *sticker = f.layers<ResizableImageView>().first();
+    sticker->tapGesture();
+    const QSizeF stickerSize = sticker->bounds().size();
+    w.pinch(w.onCanvas(f, sticker->center()), 3.0);
+    EXPECT_GT(sticker->bounds().width(), stickerSize.width() * 1.3);
+    EXPECT_EQ(f.editor.undoArray.size(), 2);
+    f.editor.undo();
+    sticker = f.layers<ResizableImageView>().first();
+    EXPECT_NEAR(sticker->bounds().width(), stickerSize.width(), 0.01);
+
+    auto *text = f.layers<ResizableView>().first();
+    text->tapGesture();
+    const qreal fontSize = text->textView->fontSize;
+    w.pinch(w.onCanvas(f, text->center()), 3.0);
+    EXPECT_GT(text->textView->fontSize, fontSize + 10);
+    EXPECT_EQ(f.editor.undoArray.size(), 2);
+    f.editor.undo();
+    EXPECT_NEAR(f.layers<ResizableView>().first()->textView->fontSize, fontSize, 0.01);
+    EXPECT_FALSE(f.editor.canUndo());
 }

@@ -176,9 +176,10 @@ private:
     {
         LayerView *view = gestureLayer(step);
         const double scale = number(step, "scale");
-        view->pinchGesture(LayerView::Began, 1.0);
-        view->pinchGesture(LayerView::Changed, scale);
-        view->pinchGesture(LayerView::Ended, scale);
+        const double turn = step.contains("degrees") ? qDegreesToRadians(number(step, "degrees")) : 0.0;
+        view->twoFingerGesture(LayerView::Began, 1.0, 0.0);
+        view->twoFingerGesture(LayerView::Changed, scale, turn);
+        view->twoFingerGesture(LayerView::Ended, scale, turn);
     }
 
     // The rotation slider turns the layer; its release writes the angle and commits.

@@ -71,17 +71,13 @@ Item {
         PinchHandler {
             id: pinch
             target: null
-            onActiveChanged: {
-                const phase = pinch.active ? LayerView.Began : LayerView.Ended
-                root.layerView.pinchGesture(phase, pinch.activeScale)
-                root.layerView.rotateGesture(phase, pinch.rotation * Math.PI / 180)
-            }
+            // One gesture, one change: the layer turns too when its kind turns with two fingers.
+            onActiveChanged: root.layerView.twoFingerGesture(pinch.active ? LayerView.Began : LayerView.Ended,
+                                                             pinch.activeScale, pinch.rotation * Math.PI / 180)
             onUpdated: {
-                if (!pinch.active)
-                    return
-                root.layerView.pinchGesture(LayerView.Changed, pinch.activeScale)
-                if (root.layerView instanceof ResizableView)
-                    root.layerView.rotateGesture(LayerView.Changed, pinch.rotation * Math.PI / 180)
+                if (pinch.active)
+                    root.layerView.twoFingerGesture(LayerView.Changed, pinch.activeScale,
+                                                    pinch.rotation * Math.PI / 180)
             }
         }
         WheelHandler {

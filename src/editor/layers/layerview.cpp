@@ -166,6 +166,18 @@ void LayerView::turnBy(qreal radians)
     setTransform(QTransform(c, s, -s, c, 0, 0) * transform());
 }
 
+void LayerView::pinchGesture(GesturePhase phase, qreal scale)
+{
+    if (!isSelected())
+        return;
+    if (phase != Ended) {
+        pinchStep(phase, scale);
+        return;
+    }
+    finishPinch();
+    commitGeometry();
+}
+
 void LayerView::rotateGesture(GesturePhase phase, qreal rotation)
 {
     if (!isSelected())
@@ -181,14 +193,36 @@ void LayerView::rotateGesture(GesturePhase phase, qreal rotation)
         updateSnapBorder();
         break;
     case Ended:
-        removeDashedBorder();
-        storeScalingState();
-        zAngle = LayerGeometry::zAngle(transform());
-        storeAngle();
+        finishTurn();
         commitGeometry();
-        m_lastRotation = 0;
         break;
     }
+}
+
+void LayerView::finishTurn()
+{
+    removeDashedBorder();
+    storeScalingState();
+    zAngle = LayerGeometry::zAngle(transform());
+    storeAngle();
+    m_lastRotation = 0;
+}
+
+void LayerView::twoFingerGesture(GesturePhase phase, qreal scale, qreal rotation)
+{
+    if (!isSelected())
+        return;
+    const bool turns = turnsWithTwoFingers();
+    if (phase != Ended) {
+        pinchStep(phase, scale);
+        if (turns)
+            rotateGesture(phase, rotation);
+        return;
+    }
+    finishPinch();
+    if (turns)
+        finishTurn();
+    commitGeometry();
 }
 
 void LayerView::snapRotation()

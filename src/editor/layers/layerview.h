@@ -84,10 +84,17 @@ public:
     Q_INVOKABLE virtual void buttonPanGesture(LayerView::GesturePhase phase, const QPointF &location) = 0;
     /** The rotate handle; `location` is the touch in the superview's coordinates. */
     Q_INVOKABLE void buttonRotateGesture(LayerView::GesturePhase phase, const QPointF &location);
-    /** Two-finger scale; `scale` is cumulative from the start of the pinch. */
-    Q_INVOKABLE virtual void pinchGesture(LayerView::GesturePhase phase, qreal scale) = 0;
-    /** Two-finger turn; `rotation` is cumulative radians from the start of the gesture. */
+    /** Two-finger scale; `scale` is cumulative from the start of the pinch. Ended writes the record. */
+    Q_INVOKABLE void pinchGesture(LayerView::GesturePhase phase, qreal scale);
+    /** Two-finger turn; `rotation` is cumulative radians from the start of the gesture. Ended writes the record. */
     Q_INVOKABLE void rotateGesture(LayerView::GesturePhase phase, qreal rotation);
+    /**
+     * Two fingers on the layer: a pinch, and a turn for a kind that turns with two fingers. The gesture
+     * is one change: the record is written once, when the fingers lift.
+     */
+    Q_INVOKABLE void twoFingerGesture(LayerView::GesturePhase phase, qreal scale, qreal rotation);
+    /** Texts turn with two fingers; stickers have no rotation recogniser. */
+    [[nodiscard]] virtual bool turnsWithTwoFingers() const { return false; }
 
     void snapRotation();
     void updateSnapBorder();
@@ -125,6 +132,10 @@ protected:
     virtual void didDeselect() = 0;
     virtual void didDrag() = 0;
     virtual void didEndDrag() = 0;
+    /** A pinch's Began and Changed steps. */
+    virtual void pinchStep(LayerView::GesturePhase phase, qreal scale) = 0;
+    /** The end of a pinch before the record is written. */
+    virtual void finishPinch() = 0;
     /** Writes the geometry back into the record and tells the editor. */
     virtual void commitGeometry() = 0;
     /** The angle of the record follows `zAngle` when a turn ends. */
@@ -136,5 +147,7 @@ private:
     ImageView *makeHandle(const QImage &picture, int mask);
     void placeHandles(qreal offset);
     void applyRotation(double radians);
+    /** The end of a two-finger turn before the record is written. */
+    void finishTurn();
     qreal m_lastRotation = 0;
 };

@@ -122,22 +122,17 @@ void ResizableImageView::scaleTo(qreal scale, bool storeScale)
     layoutControls();
 }
 
-void ResizableImageView::pinchGesture(GesturePhase phase, qreal scale)
+void ResizableImageView::pinchStep(GesturePhase phase, qreal scale)
 {
-    if (!isSelected())
-        return;
-    switch (phase) {
-    case Began:
+    if (phase == Began)
         storeScalingState();
-        break;
-    case Changed:
+    else
         scaleTo(scale, false);
-        break;
-    case Ended:
-        storeScalingState();
-        updateStickerJson(stickerJson);
-        break;
-    }
+}
+
+void ResizableImageView::finishPinch()
+{
+    storeScalingState();
 }
 
 void ResizableImageView::scaleStoring(qreal scale)

@@ -36,7 +36,6 @@ public:
 
     void buttonTapGesture() override;
     void buttonPanGesture(LayerView::GesturePhase phase, const QPointF &location) override;
-    void pinchGesture(LayerView::GesturePhase phase, qreal scale) override;
     /** The scale slider, keeping the scale in `scaleTransform`; `scale` is against the held bounds. */
     void scaleStoring(qreal scale);
     /** The scale slider, resetting `scaleTransform` as a pinch does. */
@@ -56,6 +55,8 @@ protected:
     void didDeselect() override;
     void didDrag() override;
     void didEndDrag() override;
+    void pinchStep(LayerView::GesturePhase phase, qreal scale) override;
+    void finishPinch() override;
     void commitGeometry() override;
     void storeAngle() override;
     void storeScalingState() override;

@@ -242,32 +242,27 @@ void ResizableView::buttonPanGesture(GesturePhase phase, const QPointF &location
     }
 }
 
-void ResizableView::pinchGesture(GesturePhase phase, qreal scale)
+void ResizableView::pinchStep(GesturePhase phase, qreal scale)
 {
-    if (!isSelected())
+    if (phase == Began) {
+        m_lastPinchScale = 1.0;
         return;
-    switch (phase) {
-    case Began:
-        m_lastPinchScale = 1.0;
-        break;
-    case Changed: {
-        // The recogniser's scale goes back to 1.0 after each step, so each step is relative.
-        const qreal step = m_lastPinchScale > 0 ? scale / m_lastPinchScale : 1.0;
-        m_lastPinchScale = scale;
-        const qreal d = (step - 1.0) * 100.0;
-        if (textView->fontSize + d > 1.0) {
-            textView->fontSize += d;
-            textView->applyFontSize();
-        }
-        break;
     }
-    case Ended:
-        if (textJson)
-            textJson->size = textView->fontSize;
-        updateTextJson(textJson);
-        m_lastPinchScale = 1.0;
-        break;
+    // The recogniser's scale goes back to 1.0 after each step, so each step is relative.
+    const qreal step = m_lastPinchScale > 0 ? scale / m_lastPinchScale : 1.0;
+    m_lastPinchScale = scale;
+    const qreal d = (step - 1.0) * 100.0;
+    if (textView->fontSize + d > 1.0) {
+        textView->fontSize += d;
+        textView->applyFontSize();
     }
+}
+
+void ResizableView::finishPinch()
+{
+    if (textJson)
+        textJson->size = textView->fontSize;
+    m_lastPinchScale = 1.0;
 }
 
 void ResizableView::didSelect()

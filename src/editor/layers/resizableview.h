@@ -47,7 +47,7 @@ public:
 
     void buttonTapGesture() override;
     void buttonPanGesture(LayerView::GesturePhase phase, const QPointF &location) override;
-    void pinchGesture(LayerView::GesturePhase phase, qreal scale) override;
+    [[nodiscard]] bool turnsWithTwoFingers() const override { return true; }
 
     /** The record's `alignment` of a paragraph alignment: left 1, right 3, anything else 2. */
     [[nodiscard]] static qint64 alignmentCode(Qt::Alignment alignment);
@@ -57,6 +57,8 @@ protected:
     void didDeselect() override;
     void didDrag() override;
     void didEndDrag() override;
+    void pinchStep(LayerView::GesturePhase phase, qreal scale) override;
+    void finishPinch() override;
     void commitGeometry() override;
     void storeAngle() override;
 

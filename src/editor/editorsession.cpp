@@ -1270,6 +1270,11 @@ void EditorSession::takeEnteredText(
     layer->textView->applyFontName();
     layer->maxWidth = viewMain->bounds().width();
     layer->resizeToFitText();
+    // The entry screen's answer is one change of the text.
+    if (color)
+        layer->recordColourChange();
+    else
+        layer->recordTextChange();
 }
 
 bool EditorSession::canDuplicate() const

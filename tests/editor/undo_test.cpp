@@ -302,3 +302,27 @@ TEST(AutomaticSave, EveryStepUpdatesOneRowOfTheStore)
     // The undo's save is the last: the sticker is back where it was.
     EXPECT_NEAR(stored->sticker_json->first()->xPos.value(), 100, 1e-3);
 }
+
+TEST(TextFade, SurvivesUndoAndReopen)
+{
+    EditorFixture f;
+    ASSERT_TRUE(f.open(R"({"width": 360, "height": 640, "sample_image": "s.jpg",
+        "text_json": [{"text": "Fading", "xPos": 40, "yPos": 300, "size": 30}]})"));
+    auto *text = f.layers<ResizableView>().first();
+    text->tapGesture();
+    text->textView->textAlpha = 0.4;
+    text->textView->applyAlpha();
+    text->recordTextChange();
+    pan(text, QPointF(10, 10));
+    f.editor.undo(); // the text is made again from the record of the fade
+    text = f.layers<ResizableView>().first();
+    EXPECT_NEAR(text->textView->alpha(), 0.4, 1e-6);
+
+    EditImagePortraitMode reopened;
+    reopened.setCanvasArea(QRectF(0, 0, 360, 640));
+    ASSERT_TRUE(reopened.loadReEdit(f.store.savedDesigns().first().document));
+    const auto layer = std::find_if(reopened.viewMain->subviews().cbegin(), reopened.viewMain->subviews().cend(),
+        [](View *view) { return qobject_cast<ResizableView *>(view) != nullptr; });
+    ASSERT_NE(layer, reopened.viewMain->subviews().cend());
+    EXPECT_NEAR(qobject_cast<ResizableView *>(*layer)->textView->alpha(), 0.4, 1e-6);
+}

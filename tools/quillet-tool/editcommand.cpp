@@ -209,7 +209,7 @@ private:
         } else if (auto *text = qobject_cast<ResizableView *>(view)) {
             text->textView->textAlpha = value / 100.0;
             text->textView->applyAlpha();
-            text->textView->storeAlpha();
+            text->recordTextChange();
         }
     }
 

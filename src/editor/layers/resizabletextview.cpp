@@ -1,9 +1,6 @@
 #include "resizabletextview.h"
 
 #include "fontregistry.h"
-#include "hexcolor.h"
-#include "picturefile.h"
-#include "resizableview.h"
 #include "textlayoutengine.h"
 
 ResizableTextView::ResizableTextView(const QRectF &frame, QObject *parent)
@@ -19,23 +16,14 @@ void ResizableTextView::rebuild()
 
 void ResizableTextView::changedShape()
 {
-    if (superView)
-        superView->resizeToFitText();
-}
-
-void ResizableTextView::commit()
-{
-    if (superView && superView->textJson)
-        superView->updateTextJson(superView->textJson);
+    if (textViewDelegate)
+        textViewDelegate->textViewDidChangeShape(this);
 }
 
 void ResizableTextView::setText(const QString &text)
 {
     m_attributed.text = text;
     rebuild();
-    if (superView && superView->textJson)
-        superView->textJson->text = text;
-    commit();
     changedShape();
 }
 
@@ -46,14 +34,7 @@ QSizeF ResizableTextView::sizeThatFits(const QSizeF &size) const
 
 void ResizableTextView::applyAlpha()
 {
-    if (foregroundColor) {
-        QColor color = *foregroundColor;
-        color.setAlphaF(float(textAlpha));
-        textAttributes.foreground = QBrush(color);
-    } else {
-        textAttributes.foreground.reset();
-    }
-    rebuild();
+    setAlpha(textAlpha);
 }
 
 void ResizableTextView::setFontEntry()
@@ -69,9 +50,6 @@ void ResizableTextView::applyFontName()
 {
     setFontEntry();
     changedShape();
-    if (superView && superView->textJson)
-        superView->textJson->fontName = fontName;
-    commit();
 }
 
 void ResizableTextView::applyFontSize()
@@ -89,15 +67,6 @@ void ResizableTextView::applyPattern()
     rebuild();
 }
 
-void ResizableTextView::storePattern()
-{
-    if (!superView || !superView->textJson)
-        return;
-    const QString name = patternColor ? PictureFile::write(*patternColor) : QString();
-    superView->textJson->texture_image = name.isEmpty() ? std::nullopt : std::optional<QString>(name);
-    commit();
-}
-
 void ResizableTextView::applyForegroundColor()
 {
     patternColor.reset();
@@ -106,12 +75,6 @@ void ResizableTextView::applyForegroundColor()
         textColor = QBrush(*foregroundColor);
     }
     rebuild();
-    if (superView && superView->textJson) {
-        superView->textJson->texture_image.reset();
-        if (foregroundColor)
-            superView->textJson->color = HexColor::toString(*foregroundColor);
-    }
-    commit();
 }
 
 void ResizableTextView::applyColors(const QList<QColor> &colors)
@@ -129,8 +92,6 @@ void ResizableTextView::setAlignment(Qt::Alignment alignment)
     paragraphStyle.alignment = alignment;
     textAttributes.paragraphStyle = paragraphStyle;
     rebuild();
-    if (superView && superView->textJson)
-        superView->textJson->alignment = ResizableView::alignmentCode(alignment);
 }
 
 void ResizableTextView::applyLetterSpace(qreal value)
@@ -141,13 +102,6 @@ void ResizableTextView::applyLetterSpace(qreal value)
     changedShape();
 }
 
-void ResizableTextView::storeLetterSpace()
-{
-    if (superView && superView->textJson)
-        superView->textJson->land_space = letterSpace;
-    commit();
-}
-
 void ResizableTextView::applyLineSpacing(qreal value)
 {
     paragraphStyle.lineSpacing = value;
@@ -156,21 +110,11 @@ void ResizableTextView::applyLineSpacing(qreal value)
     changedShape();
 }
 
-void ResizableTextView::storeLineSpacing()
-{
-    if (superView && superView->textJson)
-        superView->textJson->vert_space = paragraphStyle.lineSpacing;
-    commit();
-}
-
 void ResizableTextView::applyUnderline()
 {
     textAttributes.underlineStyle = int(textUnderline);
     rebuild();
     changedShape();
-    if (superView && superView->textJson)
-        superView->textJson->underline = textUnderline;
-    commit();
 }
 
 QString ResizableTextView::styled(const QString &text, qint64 style)
@@ -204,12 +148,8 @@ void ResizableTextView::applyCase(qint64 style)
 {
     const QString changed = styled(m_attributed.text, style);
     m_attributed.text = changed;
+    textStyle = style;
     rebuild();
-    if (superView && superView->textJson) {
-        superView->textJson->text = changed;
-        superView->textJson->text_style = style;
-    }
-    commit();
     changedShape();
 }
 
@@ -260,24 +200,6 @@ void ResizableTextView::applyShadowBlur()
     if (textShadowBlur)
         shadow.blurRadius = *textShadowBlur;
     setShadowEntries();
-}
-
-void ResizableTextView::storeShadow()
-{
-    if (superView && superView->textJson) {
-        TextJson &json = *superView->textJson;
-        json.shadowRadius = textShadowBlur;
-        json.shadowDistance = textShadowOffset ? std::optional<double>(textShadowOffset->height()) : std::nullopt;
-        json.shadowColor = HexColor::toString(textShadowColor);
-    }
-    commit();
-}
-
-void ResizableTextView::storeAlpha()
-{
-    if (superView && superView->textJson)
-        superView->textJson->opacity = alpha() * 100.0;
-    commit();
 }
 
 void ResizableTextView::paintContent(QPainter &painter) const

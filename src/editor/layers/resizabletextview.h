@@ -4,17 +4,23 @@
 #include "view.h"
 
 #include <QImage>
-#include <QPointer>
 
 #include <optional>
 
-class ResizableView;
+class ResizableTextView;
+
+/** Told after a change of font, size, underline, spacing or text: the layer fits itself around the text. */
+class ResizableTextViewDelegate
+{
+public:
+    virtual ~ResizableTextViewDelegate() = default;
+    virtual void textViewDidChangeShape(ResizableTextView *textView) = 0;
+};
 
 /**
  * The text of a text layer, with every attribute of its look kept in one dictionary. Each `apply…`
- * stores its field and rebuilds the attributed text from the plain text and the dictionary; the
- * operations that commit a change write it into the layer's record and let the layer tell the editor.
- * Slider-driven values split into `apply…` while dragging and `store…` on release.
+ * stores its field and rebuilds the attributed text from the plain text and the dictionary. The text
+ * only looks: it never writes a record; the layer records a change when it is told to.
  */
 class ResizableTextView : public View
 {
@@ -22,11 +28,11 @@ class ResizableTextView : public View
 public:
     explicit ResizableTextView(const QRectF &frame = {}, QObject *parent = nullptr);
 
+    ResizableTextViewDelegate *textViewDelegate = nullptr;
     TextAttributes textAttributes;
+    /** The opacity of the text, 0 to 1; `applyAlpha` shows it. */
     qreal textAlpha = 1.0;
     QString fontName = QStringLiteral("Helvetica");
-    /** The layer that holds this text; its record is the one written. */
-    QPointer<ResizableView> superView;
     qreal fontSize = 20.0;
     std::optional<QImage> patternColor;
     std::optional<QColor> foregroundColor;
@@ -43,29 +49,29 @@ public:
     QBrush textColor = QBrush(Qt::black);
     bool editable = true;
     bool selectable = true;
+    /** The case style last applied: 1 upper case, 2 lower case, 3 capitalised words, else none. */
+    qint64 textStyle = 0;
 
     [[nodiscard]] QString text() const { return m_attributed.text; }
-    /** Sets the plain text, rebuilds, writes `text` and commits. */
     void setText(const QString &text);
     [[nodiscard]] const AttributedText &attributedText() const { return m_attributed; }
     /** The size the text needs when wrapped at `size`'s width, margins included. */
     [[nodiscard]] QSizeF sizeThatFits(const QSizeF &size) const;
 
+    /** The whole text fades by `textAlpha`: letters, texture and shadow alike. */
     void applyAlpha();
     void applyFontName();
     void applyFontSize();
     void applyPattern();
-    void storePattern();
+    /** A plain colour; it replaces the texture. */
     void applyForegroundColor();
     /** Colours the first characters one by one from the list; an empty text is left alone. */
     void applyColors(const QList<QColor> &colors);
     void setAlignment(Qt::Alignment alignment);
     void applyLetterSpace(qreal value);
-    void storeLetterSpace();
     void applyLineSpacing(qreal value);
-    void storeLineSpacing();
     void applyUnderline();
-    /** The case styles replace the text itself: the record keeps the changed text, not the typed one. */
+    /** The case styles replace the text itself: the typed text is gone. */
     void applyUpperCase();
     void applyLowerCase();
     void applyCapitalized();
@@ -73,8 +79,6 @@ public:
     void applyShadowOffset();
     void applyShadowColor();
     void applyShadowBlur();
-    void storeShadow();
-    void storeAlpha();
 
     /** The text in a `text_style`: 1 upper case, 2 lower case, 3 capitalised words, else as it is. */
     [[nodiscard]] static QString styled(const QString &text, qint64 style);
@@ -90,6 +94,5 @@ private:
     void setShadowEntries();
     void applyCase(qint64 style);
     void changedShape();
-    void commit();
     AttributedText m_attributed;
 };

@@ -40,8 +40,13 @@ void ResizableView::setupViews()
     textView->applyFontName();
     textView->foregroundColor = textColor;
     textView->applyForegroundColor();
-    // Linked last, so that building the look neither resizes the layer nor writes a record.
-    textView->superView = this;
+    // Linked last: the look built here fits no text yet.
+    textView->textViewDelegate = this;
+}
+
+void ResizableView::textViewDidChangeShape(ResizableTextView *)
+{
+    resizeToFitText();
 }
 
 void ResizableView::resizeToFitText()
@@ -79,6 +84,50 @@ void ResizableView::updateTextJson(std::shared_ptr<TextJson> json)
         delegate->textDidUpdate(textJson);
 }
 
+void ResizableView::writeLook(TextJson &json) const
+{
+    json.size = textView->fontSize;
+    json.opacity = textView->alpha() * 100.0;
+    json.angle = zAngle;
+    json.shadowRadius = textView->textShadowBlur;
+    json.shadowDistance
+        = textView->textShadowOffset ? std::optional<double>(textView->textShadowOffset->height()) : std::nullopt;
+    json.text = textView->text();
+    json.text_style = textView->textStyle;
+    if (textView->foregroundColor)
+        json.color = HexColor::toString(*textView->foregroundColor);
+    json.fontName = textView->fontName;
+    json.underline = textView->textUnderline;
+    json.shadowColor = HexColor::toString(textView->textShadowColor);
+    json.land_space = textView->letterSpace;
+    json.vert_space = textView->paragraphStyle.lineSpacing;
+    json.alignment = alignmentCode(textView->paragraphStyle.alignment);
+}
+
+void ResizableView::recordTextChange()
+{
+    if (!textJson)
+        return;
+    writeLook(*textJson);
+    updateTextJson(textJson);
+}
+
+void ResizableView::recordColourChange()
+{
+    if (textJson)
+        textJson->texture_image.reset();
+    recordTextChange();
+}
+
+void ResizableView::storePattern()
+{
+    if (!textJson)
+        return;
+    const QString name = textView->patternColor ? PictureFile::write(*textView->patternColor) : QString();
+    textJson->texture_image = name.isEmpty() ? std::nullopt : std::optional<QString>(name);
+    recordTextChange();
+}
+
 void ResizableView::setTag(qint64 tag)
 {
     View::setTag(tag);
@@ -86,29 +135,14 @@ void ResizableView::setTag(qint64 tag)
         textJson = std::make_shared<TextJson>();
     TextJson &json = *textJson;
     writePosition(json);
-    json.size = textView->fontSize;
-    if (!json.opacity)
-        json.opacity = 100.0;
-    json.angle = zAngle;
-    json.shadowRadius = textView->textShadowBlur;
-    json.shadowDistance
-        = textView->textShadowOffset ? std::optional<double>(textView->textShadowOffset->height()) : std::nullopt;
-    json.text = textView->text();
-    if (textView->foregroundColor)
-        json.color = HexColor::toString(*textView->foregroundColor);
-    json.fontName = textView->fontName;
-    json.underline = textView->textUnderline;
+    writeLook(json);
     if (!backgroundView->image().isNull() && json.bg_image.value_or(QString()).isEmpty()) {
         const QString name = PictureFile::write(backgroundView->image());
         if (!name.isEmpty())
             json.bg_image = name;
     }
-    json.shadowColor = HexColor::toString(textView->textShadowColor);
     if (!json.index || *json.index == 0)
         json.index = tag;
-    json.land_space = textView->letterSpace;
-    json.vert_space = textView->paragraphStyle.lineSpacing;
-    json.alignment = alignmentCode(textView->paragraphStyle.alignment);
     if (delegate)
         delegate->textDidAttach(textJson);
 }
@@ -118,8 +152,7 @@ void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWid
     if (!json)
         return;
     const QPointF origin = frame().topLeft();
-    // The record is taken over at the end; until then no step may write into any record.
-    textJson.reset();
+    textJson = json;
     ResizableTextView *text = textView;
     if (const QString color = json->color.value_or(QString()); !color.isEmpty()) {
         text->foregroundColor = HexColor::fromString(color);
@@ -135,6 +168,7 @@ void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWid
     });
     hideControls();
     text->setText(ResizableTextView::styled(json->text.value_or(QString()), json->text_style));
+    text->textStyle = json->text_style;
     if (const QString font = json->fontName.value_or(QString()); !font.isEmpty()) {
         text->fontName = font;
         text->applyFontName();
@@ -148,8 +182,10 @@ void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWid
         if (json->bg_image == bgImage)
             backgroundView->setImage(picture);
     });
-    if (json->opacity)
-        text->setAlpha(*json->opacity / 100.0);
+    if (json->opacity) {
+        text->textAlpha = *json->opacity / 100.0;
+        text->applyAlpha();
+    }
     switch (json->alignment) {
     case 1:
         text->setAlignment(Qt::AlignLeft);
@@ -183,7 +219,6 @@ void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWid
     text->selectable = false;
     if (json->angle)
         applyLoadedAngle(*json->angle);
-    textJson = json;
     if (isLoading)
         flash();
     setTag(index);

@@ -14,7 +14,7 @@
  * resize handle and the pinch change the font size, and the layer fits itself around the text, wrapped
  * at `maxWidth`. Its record holds the text's own top left corner, inside the inner margin.
  */
-class ResizableView : public LayerView
+class ResizableView : public LayerView, public ResizableTextViewDelegate
 {
     Q_OBJECT
     QML_ELEMENT
@@ -35,6 +35,16 @@ public:
     void resizeToFitText();
     /** Keeps `json` as the record and writes the text's position and status 2 into it. */
     void updateTextJson(std::shared_ptr<TextJson> json);
+    /**
+     * Records a change of the text's look made through the text view: the record takes the whole look
+     * and the editor is told once. Applying a value alone records nothing.
+     */
+    void recordTextChange();
+    /** As `recordTextChange`, after a plain colour replaced the texture: its name leaves the record. */
+    void recordColourChange();
+    /** Writes the texture to a file, names it in the record and records the change. */
+    void storePattern();
+    void textViewDidChangeShape(ResizableTextView *textView) override;
     /** The tag is the layer's document position: the whole record is written, numbered and attached. */
     void setTag(qint64 tag) override;
 
@@ -65,6 +75,8 @@ protected:
 private:
     void setupViews();
     void writePosition(TextJson &json) const;
+    /** The look of the text into the record: everything but the position, pictures and index. */
+    void writeLook(TextJson &json) const;
     void flash();
     qreal m_lastPinchScale = 1.0;
 };

@@ -168,6 +168,8 @@ TEST(TextStyle, CaseStylesReplaceTheTextForGood)
     EXPECT_EQ(t->layer->textJson->text, "AB");
     t->layer->textView->applyLowerCase();
     t->layer->textView->applyCapitalized();
+    EXPECT_EQ(t->layer->textJson->text, "AB"); // applied, not yet recorded
+    t->layer->recordTextChange();
     EXPECT_EQ(t->layer->textJson->text, "Ab");
     EXPECT_EQ(t->layer->textJson->text_style, 3);
     EXPECT_EQ(ResizableTextView::styled(QStringLiteral("hello wORLD 2nd"), 3), "Hello World 2nd");
@@ -215,20 +217,36 @@ TEST(TextShadow, NeedsColourRadiusAndDistance)
     EXPECT_EQ(shadowed->shadowDistance, 3);
 }
 
-TEST(TextShadow, SliderValuesReachTheRecordOnlyWhenStored)
+TEST(TextShadow, SliderValuesReachTheRecordOnlyWhenRecorded)
 {
     Text t;
     t.makeNew(QStringLiteral("Hi"));
     t.layer->textView->textShadowBlur = 6;
     t.layer->textView->applyShadowBlur();
     t.layer->textView->applyLetterSpace(4);
+    t.layer->textView->textAlpha = 0.25;
+    t.layer->textView->applyAlpha();
     EXPECT_FALSE(t.layer->textJson->shadowRadius.has_value());
     EXPECT_EQ(t.layer->textJson->land_space, 0);
-    t.layer->textView->storeShadow();
-    t.layer->textView->storeLetterSpace();
+    EXPECT_TRUE(t.editor.calls.isEmpty());
+    t.layer->recordTextChange();
     EXPECT_EQ(t.layer->textJson->shadowRadius, 6);
     EXPECT_EQ(t.layer->textJson->land_space, 4);
-    EXPECT_EQ(t.editor.calls, (QStringList { "textDidUpdate", "textDidUpdate" }));
+    EXPECT_EQ(t.layer->textJson->opacity, 25);
+    EXPECT_EQ(t.editor.calls, (QStringList { "textDidUpdate" }));
+}
+
+TEST(TextOpacity, TheFadeIsTheRecordsOpacityBothWays)
+{
+    auto json = record(QStringLiteral("Hi"));
+    json->opacity = 40;
+    const auto t = Text::loaded(json);
+    EXPECT_NEAR(t->layer->textView->alpha(), 0.4, 1e-9);
+    EXPECT_NEAR(t->layer->textView->textAlpha, 0.4, 1e-9);
+    t->layer->textView->textAlpha = 0.7;
+    t->layer->textView->applyAlpha();
+    t->layer->recordTextChange();
+    EXPECT_NEAR(*json->opacity, 70, 1e-9);
 }
 
 TEST(TextColour, APlainColourClearsTheTexture)
@@ -245,6 +263,7 @@ TEST(TextColour, APlainColourClearsTheTexture)
 
     t.layer->textView->foregroundColor = QColor(Qt::blue);
     t.layer->textView->applyForegroundColor();
+    t.layer->recordColourChange();
     EXPECT_FALSE(t.layer->textView->patternColor.has_value());
     EXPECT_FALSE(json->texture_image.has_value());
     EXPECT_EQ(json->color, "#0000ff");

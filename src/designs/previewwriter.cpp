@@ -2,31 +2,16 @@
 
 #include "applog.h"
 #include "apppaths.h"
+#include "pictureencoding.h"
 #include "timestamp.h"
 
-#include <QBuffer>
 #include <QRegularExpression>
 #include <QSaveFile>
 
-QString PreviewWriter::suffixFor(const QImage &picture)
-{
-    // The layouts that carry an alpha byte and ignore it (RGB32, RGBX8888, ...) are the platform's
-    // "none, skip first/last"; they and a missing bitmap are written as JPEG. No alpha at all is PNG.
-    const QPixelFormat format = picture.pixelFormat();
-    const bool skipsAlpha = format.alphaUsage() == QPixelFormat::IgnoresAlpha && format.alphaSize() > 0;
-    return picture.isNull() || skipsAlpha ? QStringLiteral(".jpg") : QStringLiteral(".png");
-}
-
 QString PreviewWriter::write(const QImage &picture)
 {
-    const QString suffix = suffixFor(picture);
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    if (suffix == QLatin1String(".jpg"))
-        picture.save(&buffer, "JPEG", 100);
-    else
-        picture.save(&buffer, "PNG");
+    const QString suffix = PictureEncoding::suffixFor(picture);
+    const QByteArray data = PictureEncoding::encode(picture);
     if (data.isEmpty())
         return {};
 

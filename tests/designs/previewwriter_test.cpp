@@ -53,7 +53,6 @@ TEST(PreviewWriter, TheBitmapLayoutChoosesTheFormat)
 TEST(PreviewWriter, NoPictureGivesNoName)
 {
     TestHome home;
-    EXPECT_EQ(PreviewWriter::suffixFor(QImage()), QStringLiteral(".jpg"));
     EXPECT_TRUE(PreviewWriter::write(QImage()).isEmpty());
     EXPECT_TRUE(QDir(AppPaths::documents()).isEmpty());
 }

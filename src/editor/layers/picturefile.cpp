@@ -1,6 +1,7 @@
 #include "picturefile.h"
 
 #include "apppaths.h"
+#include "pictureencoding.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -8,11 +9,6 @@
 #include <QSaveFile>
 
 namespace PictureFile {
-
-QString suffixFor(const QImage &image)
-{
-    return image.hasAlphaChannel() ? QStringLiteral(".png") : QStringLiteral(".jpg");
-}
 
 QString uniqueName(const QString &suffix)
 {
@@ -38,14 +34,12 @@ QString write(const QImage &image)
     if (image.isNull())
         return {};
     QDir().mkpath(AppPaths::documents());
-    const QString suffix = suffixFor(image);
-    const QString name = uniqueName(suffix);
-    QSaveFile file(QDir(AppPaths::documents()).filePath(name));
-    if (!file.open(QIODevice::WriteOnly))
+    const QByteArray data = PictureEncoding::encode(image);
+    if (data.isEmpty())
         return {};
-    const bool png = suffix == QLatin1String(".png");
-    // PNG stays lossless at any level; a light compression keeps an undo that rebuilds stickers quick.
-    if (!image.save(&file, png ? "PNG" : "JPEG", png ? 80 : 100) || !file.commit())
+    const QString name = uniqueName(PictureEncoding::suffixFor(image));
+    QSaveFile file(QDir(AppPaths::documents()).filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit())
         return {};
     return name;
 }

@@ -3,13 +3,8 @@
 #include <QImage>
 #include <QString>
 
-/**
- * Pictures of a design kept as files in the Documents folder: JPEG at full quality when the picture
- * has no alpha channel, PNG when it has one.
- */
+/** Pictures of a design kept as files in the Documents folder, in the format PictureEncoding chooses. */
 namespace PictureFile {
-/** ".png" for a picture with alpha, ".jpg" for one without. */
-[[nodiscard]] QString suffixFor(const QImage &image);
 /** A new unique name: the time stamp "yyyyMMddHHmmss", a sequence number when needed, and the suffix. */
 [[nodiscard]] QString uniqueName(const QString &suffix);
 /**

@@ -316,3 +316,29 @@ TEST(StickerScaleSlider, StoringKeepsTheScaleAndResettingClearsIt)
     EXPECT_EQ(s.layer->bounds().size(), QSizeF(80, 80));
     EXPECT_TRUE(s.layer->scaleTransform.isIdentity());
 }
+
+TEST(StickerRecord, PicturesWithoutAnAlphaByteStayLosslessAndSkippedAlphaGoesToJpeg)
+{
+    Sticker s;
+    const struct
+    {
+        QImage::Format format;
+        const char *suffix;
+    } cases[] = { { QImage::Format_RGB888, ".png" }, { QImage::Format_Grayscale8, ".png" },
+        { QImage::Format_RGB32, ".jpg" } };
+    for (const auto &c : cases) {
+        QImage photo(32, 24, c.format);
+        for (int y = 0; y < photo.height(); ++y) {
+            for (int x = 0; x < photo.width(); ++x)
+                photo.setPixelColor(x, y, QColor(x * 8, y * 10, (x * y) % 256));
+        }
+        s.layer->contentImageView->tintedImage = photo;
+        s.layer->setTag(1);
+        const QString name = s.layer->stickerJson->sticker_image.value_or(QString());
+        EXPECT_TRUE(name.endsWith(QLatin1String(c.suffix))) << qPrintable(name);
+        if (name.endsWith(QLatin1String(".png"))) {
+            const QImage stored(QDir(AppPaths::documents()).filePath(name));
+            EXPECT_EQ(stored.convertToFormat(c.format), photo) << qPrintable(name); // not a pixel lost
+        }
+    }
+}

@@ -11,6 +11,7 @@
 #include "designstore.h"
 #include "gobackdelegate.h"
 #include "hexcolor.h"
+#include "layerflash.h"
 #include "layerview.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
@@ -552,7 +553,6 @@ void EditorSession::deselectAll(bool changeBar)
 StaticResizableImageView *EditorSession::addImageSticker(
     const QRectF &frame, const std::shared_ptr<ImageStickerJson> &record, bool isLoading)
 {
-    Q_UNUSED(isLoading);
     deselectAll();
     auto *slot = new StaticResizableImageView(frame);
     slot->delegate = this;
@@ -567,6 +567,8 @@ StaticResizableImageView *EditorSession::addImageSticker(
     if (record->is_round.value_or(false))
         slot->setRound(true);
     slot->imageStickerJson = record;
+    if (isLoading)
+        LayerFlash::flash(slot);
     slot->setTag(imageStickerJsonIndex);
     ++imageStickerJsonIndex;
     return slot;
@@ -575,7 +577,6 @@ StaticResizableImageView *EditorSession::addImageSticker(
 BorderedResizableImageView *EditorSession::addFrameImageSticker(
     const QRectF &frame, const std::shared_ptr<FrameImageStickerJson> &record, bool isLoading)
 {
-    Q_UNUSED(isLoading);
     deselectAll();
     auto *slot = new BorderedResizableImageView(frame);
     slot->delegate = this;
@@ -587,6 +588,8 @@ BorderedResizableImageView *EditorSession::addFrameImageSticker(
     if (record->angle)
         slot->applyAngle(*record->angle);
     slot->frameImageStickerJson = record;
+    if (isLoading)
+        LayerFlash::flash(slot);
     slot->setTag(frameImageStickerJsonIndex);
     ++frameImageStickerJsonIndex;
     return slot;
@@ -1370,7 +1373,8 @@ ResizableImageView *EditorSession::addSticker(
         sticker->setStickerColor(tint);
     if (record->opacity)
         sticker->contentImageView->setAlpha(*record->opacity / 100.0);
-    Q_UNUSED(isLoading);
+    if (isLoading)
+        LayerFlash::flash(sticker);
     sticker->setTag(stickerJsonIndex);
     ++stickerJsonIndex;
     return sticker;

@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -124,6 +125,47 @@ TEST(TemplateLoad, LayersStackInLoadOrderBetweenBackgroundAndFrame)
     // The frame's name was resolved into resource/ and written back.
     EXPECT_EQ(*s.editor.masterJson->frame_json->frame_image, home.filePath(QStringLiteral("resource/a.png")));
     EXPECT_FALSE(s.editor.fgImageView->image().isNull());
+}
+
+// The veil of the load's flash: a light blue view over the whole layer.
+bool flashes(const View *layer)
+{
+    const auto &children = layer->subviews();
+    return std::any_of(children.cbegin(), children.cend(), [layer](const View *child) {
+        return child->backgroundColor() == QColor(0x00, 0xD3, 0xFF) && child->frame().size() == layer->bounds().size();
+    });
+}
+
+TEST(TemplateLoad, EveryLayerOfTheLoadFlashesAndLayersOfAReplayDoNot)
+{
+    TestHome home;
+    writePicture(home, QStringLiteral("a.png"));
+    Session s(QSizeF(360, 640));
+    ASSERT_TRUE(s.editor.loadTemplate(documentFrom(R"({"width": 360, "height": 640, "sample_image": "s.png",
+        "text_json": [{"text": "T"}],
+        "sticker_json": [{"sticker_image": "a.png", "width": 50, "height": 50}],
+        "frame_image_sticker_json": [{"image_sticker_image": "a.png", "width": 80, "height": 80}],
+        "image_sticker_json": [{"image_sticker_image": "a.png", "width": 80, "height": 80}]})")));
+    QList<View *> layers;
+    for (View *view : s.editor.viewMain->subviews()) {
+        if (view != s.editor.backgroundImageView && view != s.editor.fgImageView && view != s.editor.gridView)
+            layers.append(view);
+    }
+    ASSERT_EQ(layers.size(), 4);
+    for (const View *layer : std::as_const(layers))
+        EXPECT_TRUE(flashes(layer)) << layer->metaObject()->className();
+    // The veil goes by itself.
+    EXPECT_TRUE(QTest::qWaitFor([&layers] { return !flashes(layers.first()); }, 3000));
+
+    auto *sticker = qobject_cast<ResizableImageView *>(layers.at(2));
+    sticker->tapGesture();
+    sticker->buttonTapGesture();
+    s.editor.undo();
+    const auto &views = s.editor.viewMain->subviews();
+    const auto revived = std::find_if(
+        views.cbegin(), views.cend(), [](View *view) { return qobject_cast<ResizableImageView *>(view) != nullptr; });
+    ASSERT_NE(revived, views.cend());
+    EXPECT_FALSE(flashes(*revived));
 }
 
 TEST(TemplateLoad, IndexCountersAdvanceForEveryLayerWhetherOrNotTheIndexWasTaken)

@@ -1,12 +1,10 @@
 #include "resizableview.h"
 
 #include "hexcolor.h"
+#include "layerflash.h"
 #include "picturefile.h"
 #include "picturesource.h"
-#include "selectionchrome.h"
 #include "textlayoutengine.h"
-
-#include <QVariantAnimation>
 
 ResizableView::ResizableView(const QRectF &frame, QObject *parent)
     : LayerView(frame, parent)
@@ -220,29 +218,8 @@ void ResizableView::loadFromJson(std::shared_ptr<TextJson> json, qreal canvasWid
     if (json->angle)
         applyLoadedAngle(*json->angle);
     if (isLoading)
-        flash();
+        LayerFlash::flash(this);
     setTag(index);
-}
-
-void ResizableView::flash()
-{
-    auto *overlay = new View(QRectF(QPointF(0, 0), bounds().size()));
-    overlay->setBackgroundColor(HexColor::fromString(QStringLiteral("00D3FF")));
-    overlay->setAlpha(0.2);
-    // A hint for the user, never part of the design.
-    SelectionChrome::mark(overlay);
-    addSubview(overlay);
-    auto *fade = new QVariantAnimation(overlay);
-    fade->setDuration(850);
-    fade->setStartValue(0.2);
-    fade->setEndValue(0.0);
-    connect(fade, &QVariantAnimation::valueChanged, overlay,
-        [overlay](const QVariant &value) { overlay->setAlpha(value.toReal()); });
-    connect(fade, &QVariantAnimation::finished, overlay, [overlay] {
-        overlay->removeFromSuperview();
-        overlay->deleteLater();
-    });
-    fade->start();
 }
 
 void ResizableView::buttonTapGesture()

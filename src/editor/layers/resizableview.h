@@ -77,6 +77,5 @@ private:
     void writePosition(TextJson &json) const;
     /** The look of the text into the record: everything but the position, pictures and index. */
     void writeLook(TextJson &json) const;
-    void flash();
     qreal m_lastPinchScale = 1.0;
 };

@@ -40,7 +40,6 @@ namespace {
 // A sticker's picture sits this far inside its layer; a text's glyphs a further inner margin inside that.
 constexpr qreal layerInset = 14.0;
 constexpr qreal textMargin = 8.0;
-constexpr qreal slotInset = 15.0;
 
 // A downloaded template names its assets relative to resource/; a "file" address keeps its last component.
 QString resolveDownloadedName(const QString &name)
@@ -388,7 +387,9 @@ void EditorSession::loadSlots(bool reEdit)
                 frame = storedSlotFrame(*record);
             } else {
                 const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
-                frame = r.translated(-slotInset, -slotInset);
+                constexpr qreal inset = StaticResizableImageView::contentInset;
+                constexpr qreal grow = StaticResizableImageView::buttonSize;
+                frame = QRectF(r.x() - inset, r.y() - inset, r.width() + grow, r.height() + grow);
                 if (record->angle)
                     record->angle = *record->angle * M_PI / 180.0;
             }
@@ -412,7 +413,9 @@ void EditorSession::loadSlots(bool reEdit)
                 frame = storedSlotFrame(*record);
             } else {
                 const QRectF r = convertRect(record->xPos, record->yPos, record->width, record->height);
-                frame = QRectF(r.x() - slotInset - 1, r.y() - slotInset - 1, r.width() + 2, r.height() + 2);
+                constexpr qreal inset = BorderedResizableImageView::contentInset + 1;
+                constexpr qreal grow = BorderedResizableImageView::buttonSize + 2;
+                frame = QRectF(r.x() - inset, r.y() - inset, r.width() + grow, r.height() + grow);
                 if (record->angle)
                     record->angle = *record->angle * M_PI / 180.0;
             }
@@ -1033,7 +1036,11 @@ QRectF EditorSession::storedTextFrame(const TextJson &record)
 
 template<class Record> QRectF EditorSession::storedSlotFrame(const Record &record)
 {
-    return { record.xPos.value_or(0), record.yPos.value_or(0), record.width.value_or(0), record.height.value_or(0) };
+    // The record holds the slot's size less the margin; every load gives it back.
+    constexpr qreal margin = std::is_same_v<Record, ImageStickerJson> ? StaticResizableImageView::buttonSize
+                                                                      : BorderedResizableImageView::buttonSize;
+    return { record.xPos.value_or(0), record.yPos.value_or(0), record.width.value_or(0) + margin,
+        record.height.value_or(0) + margin };
 }
 
 void EditorSession::updateUndoAndRedoButtons()

@@ -121,3 +121,36 @@ TEST(EditorRoutes, TheVideoEditorLeavesOutlinedSlotsAlone)
         EXPECT_EQ(qobject_cast<BorderedResizableImageView *>(view), nullptr);
     EXPECT_EQ(editor.masterJson->frame_image_sticker_json->size(), 1); // carried through untouched
 }
+
+TEST(EditorRoutes, SlotRecordsAreTheSameAfterTemplateStoreReopenStore)
+{
+    EditorFixture f;
+    f.picture(QStringLiteral("p.png"));
+    ASSERT_TRUE(f.open(R"({"width": 1080, "height": 1920, "sample_image": "s.png",
+        "image_sticker_json": [{"image_sticker_image": "p.png", "xPos": 100, "yPos": 200, "width": 400, "height": 300},
+                               {"image_sticker_image": "p.png", "xPos": 500, "yPos": 900, "width": 300, "height": 300,
+                                "angle": 30, "is_round": true}],
+        "frame_image_sticker_json": [{"image_sticker_image": "p.png", "xPos": 90, "yPos": 1200,
+                                      "width": 500, "height": 400, "angle": -15}]})"));
+    f.editor.addNewText(QStringLiteral("one"), QStringLiteral("Montserrat-Bold"), std::nullopt);
+    auto slotsOf = [](const QString &stored) {
+        const nlohmann::ordered_json json = Mapper::parse(stored);
+        return std::pair(json["image_sticker_json"].dump(), json["frame_image_sticker_json"].dump());
+    };
+    const auto first = slotsOf(f.store.allDesigns().first().jsonString);
+
+    EditImagePortraitMode reopened;
+    reopened.setDesignStore(&f.store);
+    reopened.objectId = f.editor.objectId;
+    reopened.setCanvasArea(QRectF(0, 0, 360, 640));
+    ASSERT_TRUE(reopened.loadReEdit(storedDesign(f.store)));
+    reopened.addNewText(QStringLiteral("two"), QStringLiteral("Montserrat-Bold"), std::nullopt);
+    ASSERT_EQ(f.store.allDesigns().size(), 1);
+    const auto second = slotsOf(f.store.allDesigns().first().jsonString);
+    EXPECT_EQ(first.first, second.first);
+    EXPECT_EQ(first.second, second.second);
+    // The slot keeps the template's size in canvas points: 400 x 300 of 1080 x 1920 on 360 x 640.
+    const auto stored = storedDesign(f.store);
+    EXPECT_NEAR(*stored->image_sticker_json->first()->width, 400.0 / 3, 1e-3);
+    EXPECT_NEAR(*stored->image_sticker_json->first()->xPos, 100.0 / 3 - 15, 1e-3);
+}

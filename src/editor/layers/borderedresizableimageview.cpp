@@ -1,7 +1,7 @@
 #include "borderedresizableimageview.h"
 
 BorderedResizableImageView::BorderedResizableImageView(const QRectF &frame, QObject *parent)
-    : View(frame, parent)
+    : SlotView(frame, parent)
 {
     const qreal w = frame.width();
     const qreal h = frame.height();
@@ -47,20 +47,6 @@ void BorderedResizableImageView::tapGesture()
     } else {
         isActive = false;
     }
-}
-
-void BorderedResizableImageView::applyAngle(qreal radians)
-{
-    QTransform turn;
-    turn.rotateRadians(radians);
-    setTransform(turn);
-    zAngle = radians;
-}
-
-QRectF BorderedResizableImageView::unrotatedFrame() const
-{
-    const QSizeF size = bounds().size();
-    return { center().x() - size.width() / 2, center().y() - size.height() / 2, size.width(), size.height() };
 }
 
 void BorderedResizableImageView::setTag(qint64 tag)

@@ -3,6 +3,7 @@
 #include "frameimagestickerjson.h"
 #include "imageview.h"
 #include "slotdelegate.h"
+#include "slotview.h"
 
 #include <memory>
 
@@ -10,7 +11,7 @@
  * An outlined picture slot: a frame whose picture lies behind a mask, with its own geometry for the
  * picture inside. Empty, it shows a plus on grey and is left out of the exported picture.
  */
-class BorderedResizableImageView : public View
+class BorderedResizableImageView : public SlotView
 {
     Q_OBJECT
 public:
@@ -21,9 +22,7 @@ public:
 
     SlotDelegate<FrameImageStickerJson> *delegate = nullptr;
     std::shared_ptr<FrameImageStickerJson> frameImageStickerJson;
-    qreal zAngle = 0;
     qreal zAngleImage = 0;
-    bool is_round = false;
     bool isActive = false;
 
     View *mainView;
@@ -34,9 +33,6 @@ public:
     /** Puts a picture in the slot, or empties it with a null picture. */
     void setPicture(const QImage &image);
     void tapGesture();
-    void applyAngle(qreal radians);
-    /** The frame as if it were not turned: the bounds size about the centre. */
-    [[nodiscard]] QRectF unrotatedFrame() const;
     void setTag(qint64 tag) override;
 
 private:

@@ -1,5 +1,7 @@
 #include "layergeometry.h"
 
+#include "view.h"
+
 #include <QStringList>
 
 #include <array>
@@ -119,6 +121,12 @@ bool isSnapAngleText(const QString &text)
         QStringLiteral("-90"), QStringLiteral("-45.0"), QStringLiteral("-45"), QStringLiteral("-0.0"),
         QStringLiteral("-0") };
     return texts.contains(text);
+}
+
+QRectF unrotatedFrame(const View &view)
+{
+    const QSizeF size = view.bounds().size();
+    return { view.center().x() - size.width() / 2, view.center().y() - size.height() / 2, size.width(), size.height() };
 }
 
 } // namespace LayerGeometry

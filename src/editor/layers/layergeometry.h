@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QPointF>
+#include <QRectF>
 #include <QString>
 #include <QTransform>
 
 #include <optional>
+
+class View;
 
 /**
  * The turn and snap arithmetic that sticker and text layers share. Angles of transforms are read as
@@ -37,6 +40,9 @@ inline constexpr double perspective = -0.002;
  * to a target is in none of its bands.
  */
 [[nodiscard]] std::optional<double> snapTarget(double degrees, double distance);
+
+/** The frame of a view as if it were not turned: its bounds' size about its centre. */
+[[nodiscard]] QRectF unrotatedFrame(const View &view);
 
 /** The shortest decimal form of a double, as Swift prints it: "45.0", "-0.0", "1e-05". */
 [[nodiscard]] QString swiftDescription(double value);

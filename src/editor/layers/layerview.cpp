@@ -279,8 +279,7 @@ void LayerView::applyLoadedAngle(qreal radians)
 
 QRectF LayerView::unrotatedFrame() const
 {
-    const QSizeF size = bounds().size();
-    return { center().x() - size.width() / 2, center().y() - size.height() / 2, size.width(), size.height() };
+    return LayerGeometry::unrotatedFrame(*this);
 }
 
 bool LayerView::pointInside(const QPointF &point) const

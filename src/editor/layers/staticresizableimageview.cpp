@@ -3,7 +3,7 @@
 #include "picturefile.h"
 
 StaticResizableImageView::StaticResizableImageView(const QRectF &frame, QObject *parent)
-    : View(frame, parent)
+    : SlotView(frame, parent)
 {
     const qreal w = frame.width();
     const qreal h = frame.height();
@@ -41,14 +41,6 @@ void StaticResizableImageView::hideControls()
     borderView->setHidden(true);
 }
 
-void StaticResizableImageView::applyAngle(qreal radians)
-{
-    QTransform turn;
-    turn.rotateRadians(radians);
-    setTransform(turn);
-    zAngle = radians;
-}
-
 void StaticResizableImageView::setRound(bool round)
 {
     is_round = round;
@@ -60,7 +52,7 @@ void StaticResizableImageView::setTag(qint64 tag)
     View::setTag(tag);
     if (!imageStickerJson)
         imageStickerJson = std::make_shared<ImageStickerJson>();
-    const QRectF f = frame();
+    const QRectF f = unrotatedFrame();
     imageStickerJson->xPos = f.x();
     imageStickerJson->yPos = f.y();
     imageStickerJson->height = f.height() - buttonSize;

@@ -3,14 +3,15 @@
 #include "imagestickerjson.h"
 #include "imageview.h"
 #include "slotdelegate.h"
+#include "slotview.h"
 
 #include <memory>
 
 /**
  * A picture slot: a fixed hole in the design whose picture moves, scales and turns inside it, clipped
- * by it. The record keeps the slot's frame origin as it is.
+ * by it. The record keeps the slot's unturned frame origin as it is, and its size less `buttonSize`.
  */
-class StaticResizableImageView : public View
+class StaticResizableImageView : public SlotView
 {
     Q_OBJECT
 public:
@@ -22,9 +23,7 @@ public:
 
     SlotDelegate<ImageStickerJson> *delegate = nullptr;
     std::shared_ptr<ImageStickerJson> imageStickerJson;
-    qreal zAngle = 0;
     qreal zScale = 1;
-    bool is_round = false;
 
     View *borderView;
     View *mainView;
@@ -34,8 +33,6 @@ public:
     [[nodiscard]] bool isSelected() const { return !borderView->isHidden(); }
     void tapGesture();
     void hideControls();
-    /** Turns the slot as loaded (radians) and remembers the angle. */
-    void applyAngle(qreal radians);
     /** Clips the picture to a circle of half the picture's height. */
     void setRound(bool round);
     /** Rewrites the record from the live slot and tells the editor it is attached. */

@@ -154,3 +154,23 @@ TEST(EditCommand, LeaveAnswersYesAndStoresTheSavedDesignOnlyAfterEdits)
     // Nothing follows the leaving.
     EXPECT_EQ(edit(untouched, R"([{"op": "leave"}, {"op": "undo"}])").exitCode, 1);
 }
+
+TEST(EditCommand, ReeditOpensAStoredDesignInCanvasPointsAndRadians)
+{
+    TestHome home;
+    QDir().mkpath(home.filePath(QStringLiteral("Documents")));
+    QImage red(40, 40, QImage::Format_ARGB32);
+    red.fill(Qt::red);
+    red.save(home.filePath(QStringLiteral("Documents/red.png")));
+    const QString stored = writeFile(home, QStringLiteral("stored.json"), R"({"sample_image": "", "width": 1080,
+        "height": 1920, "sticker_json": [{"sticker_image": "red.png", "xPos": 100, "yPos": 100, "width": 40,
+        "height": 40, "angle": 0.5, "index": 3}]})");
+    const QString steps = writeFile(home, QStringLiteral("steps.json"), R"([{"op": "pan", "layer": "sticker:3",
+        "dx": 10, "dy": 0}])");
+    const ToolRun run = runQuilletTool({ "edit", stored, "--area", "360x640", "--steps", steps, "--reedit" });
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const auto sticker = Mapper::parse(run.out)["masterJson"]["sticker_json"][0];
+    EXPECT_NEAR(sticker["xPos"].get<double>(), 110, 1e-3); // not scaled again
+    EXPECT_NEAR(sticker["angle"].get<double>(), 0.5, 1e-6); // not converted again
+    EXPECT_EQ(sticker["index"], 3);
+}

@@ -1,4 +1,4 @@
-// quillet-tool edit: a template opened in a headless editor, edited by a list of steps.
+// quillet-tool edit: a template or a stored design opened in a headless editor, edited by a list of steps.
 #include "toolcommand.h"
 
 #include "alertmodel.h"
@@ -10,6 +10,7 @@
 #include "resizableimageview.h"
 #include "resizableview.h"
 #include "staticresizableimageview.h"
+#include "storeddesign.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -285,16 +286,19 @@ std::optional<ordered_json> readJson(const QString &path, QString *error)
     return json;
 }
 
-// edit FILE --area WxH --steps STEPS.json
+// edit FILE --area WxH --steps STEPS.json [--reedit]
 int edit(const QStringList &args)
 {
-    const QString usage = QStringLiteral("usage: edit FILE --area WxH --steps STEPS.json");
+    const QString usage = QStringLiteral("usage: edit FILE --area WxH --steps STEPS.json [--reedit]");
     QString path;
     QString stepsPath;
     QSizeF area;
+    bool reEdit = false;
     for (qsizetype i = 0; i < args.size(); ++i) {
         const QString &arg = args.at(i);
-        if (arg == QLatin1String("--area") && i + 1 < args.size()) {
+        if (arg == QLatin1String("--reedit")) {
+            reEdit = true;
+        } else if (arg == QLatin1String("--area") && i + 1 < args.size()) {
             const auto match
                 = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$")).match(args.at(++i));
             if (!match.hasMatch())
@@ -327,7 +331,10 @@ int edit(const QStringList &args)
     session.setDesignStore(&store);
     session.setCanvasArea(QRectF(QPointF(0, 0), area));
     session.screenSize = area;
-    if (!session.loadTemplate(Mapper::map<Json>(*document)))
+    // A stored design opens as the designs list opens it again; anything else as a template.
+    const bool loaded
+        = reEdit ? session.loadReEdit(readStoredDesign(*document)) : session.loadTemplate(Mapper::map<Json>(*document));
+    if (!loaded)
         return toolFail(session.errorString());
     StepRunner runner(session);
     for (std::size_t i = 0; i < steps->size(); ++i) {
@@ -354,6 +361,6 @@ int edit(const QStringList &args)
     return 0;
 }
 
-const ToolCommand command("edit", "edit FILE --area WxH --steps STEPS.json", edit);
+const ToolCommand command("edit", "edit FILE --area WxH --steps STEPS.json [--reedit]", edit);
 
 } // namespace

@@ -1,4 +1,5 @@
 // The saved designs store: saving one large design, and listing a full store.
+#include "applog.h"
 #include "designsaver.h"
 #include "mapper.h"
 #include "sampledocument.h"
@@ -11,14 +12,20 @@
 
 namespace {
 
-// A fresh store in its own home; the trace goes nowhere.
+// A fresh store in its own home; the log goes nowhere.
 struct BenchStore
 {
     BenchStore()
         : trace(std::fopen("/dev/null", "w"))
-        , store(dir.filePath(QStringLiteral("QuilletStore.sqlite")), trace)
-    { }
-    ~BenchStore() { std::fclose(trace); }
+        , store(dir.filePath(QStringLiteral("QuilletStore.sqlite")))
+    {
+        AppLog::setOutput(trace);
+    }
+    ~BenchStore()
+    {
+        AppLog::setOutput(stdout);
+        std::fclose(trace);
+    }
 
     QTemporaryDir dir;
     FILE *trace;

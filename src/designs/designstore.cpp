@@ -1,5 +1,6 @@
 #include "designstore.h"
 
+#include "applog.h"
 #include "apppaths.h"
 #include "storeddesign.h"
 #include "timestamp.h"
@@ -24,9 +25,8 @@ QString DesignStore::defaultPath()
     return AppPaths::database(storeName + QStringLiteral(".sqlite"));
 }
 
-DesignStore::DesignStore(const QString &path, FILE *trace)
+DesignStore::DesignStore(const QString &path)
     : m_path(path)
-    , m_trace(trace)
 { }
 
 bool DesignStore::ensureOpen()
@@ -186,8 +186,7 @@ bool DesignStore::deleteLogo(const std::optional<ObjectId> &objectID)
 
 void DesignStore::trace(const QString &line)
 {
-    std::fprintf(m_trace, "%s\n", line.toUtf8().constData());
-    std::fflush(m_trace);
+    AppLog::print(line);
 }
 
 void DesignStore::traceFailure(const char *what)

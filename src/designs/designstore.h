@@ -9,7 +9,6 @@
 #include <QList>
 #include <QString>
 
-#include <cstdio>
 #include <optional>
 
 /**
@@ -18,8 +17,8 @@
  * crash of the process, and a crash during a save leaves the previous version. The file is opened at
  * first use; a store that cannot be opened shows up as failed operations, never at start.
  *
- * Failures are not passed to callers: they are printed on the trace ("Could not save. ", ...), as
- * are the successes ("saved.").
+ * Failures are not passed to callers: they are printed on the application's log ("Could not save. ",
+ * ...), as are the successes ("saved.").
  */
 class DesignStore
 {
@@ -27,8 +26,7 @@ public:
     /** The store file below the application's base path. */
     [[nodiscard]] static QString defaultPath();
 
-    /** `trace` receives the store's trace lines; a tool that prints results on stdout passes stderr. */
-    explicit DesignStore(const QString &path = defaultPath(), FILE *trace = stdout);
+    explicit DesignStore(const QString &path = defaultPath());
     DesignStore(const DesignStore &) = delete;
     DesignStore &operator=(const DesignStore &) = delete;
 
@@ -62,6 +60,5 @@ private:
     void traceFailure(const char *what);
 
     QString m_path;
-    FILE *m_trace;
     SqliteDatabase m_db;
 };

@@ -33,12 +33,20 @@ struct ImageStickerJson
 
     template<class Map> void mapping(Map &map)
     {
+        mapSlot(map, [] {});
+    }
+
+protected:
+    /** The keys of a slot in their order; `afterAngle` maps what a kind of slot adds there. */
+    template<class Map, class AfterAngle> void mapSlot(Map &map, AfterAngle afterAngle)
+    {
         map("xPos", xPos, cgFloatTransform);
         map("yPos", yPos, cgFloatTransform);
         map("height", height, cgFloatTransform);
         map("width", width, cgFloatTransform);
         map("is_round", is_round);
         map("angle", angle, cgFloatTransform);
+        afterAngle();
         map("image_sticker_image", image_sticker_image);
         map("color", color);
         map("index", index);

@@ -2,47 +2,44 @@
 
 #include "json.h"
 #include "layerlistmodel.h"
+#include "layerselection.h"
 #include "objectid.h"
-#include "resizableimageviewdelegate.h"
-#include "resizableviewdelegate.h"
-#include "slotdelegate.h"
+#include "pickertarget.h"
 #include "textentrytarget.h"
-#include "undohistory.h"
+#include "toolsliders.h"
+#include "undorecorder.h"
 #include "viewcontroller.h"
 
-#include <QFuture>
 #include <QImage>
 #include <QPointer>
 #include <QRectF>
 
 #include <nlohmann/json.hpp>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
 class AlertModel;
 class BackgroundImageView;
-class BorderedResizableImageView;
+class CanvasBackground;
+class DesignLoader;
 class DesignStore;
 class ImageView;
-class ResizableImageView;
-class ResizableView;
-class StaticResizableImageView;
+class LayerBuilder;
+class LayerEvents;
+class LayerPanel;
+class SaveFlow;
 class View;
 
 /**
  * One design open in an editor: the canvas of layer views and the live document `masterJson` they
- * write into. It fits the design into the available area, turns the document's records into layers in
- * a fixed order, and keeps the two in step. It needs no screen: the five editors are thin subclasses
- * that add their own bars, and quillet-tool drives it headless.
+ * write into. It needs no screen: the five editors are thin subclasses that add their own bars, and
+ * quillet-tool drives it headless. What changes together lives in its parts: the load and the canvas
+ * fit (DesignLoader), the layers' making (LayerBuilder), their events (LayerEvents), the history
+ * (UndoRecorder), the background (CanvasBackground), the layer panel (LayerPanel), the sliders of the
+ * tools (ToolSliders) and the saves (SaveFlow).
  */
-class EditorSession : public ViewController,
-                      public ResizableImageViewDelegate,
-                      public ResizableViewDelegate,
-                      public SlotDelegate<ImageStickerJson>,
-                      public SlotDelegate<FrameImageStickerJson>,
-                      public TextEntryTarget
+class EditorSession : public ViewController, public TextEntryTarget, public PickerTarget, private ReplayCanvas
 {
     Q_OBJECT
     /** The fitted canvas in the coordinates of the work area. */
@@ -63,53 +60,37 @@ class EditorSession : public ViewController,
     Q_PROPERTY(bool layersShown READ layersShown NOTIFY layersShownChanged)
     /** The layer panel's rows. */
     Q_PROPERTY(LayerListModel *layerModel READ layerModel CONSTANT)
+    /** The sliders of the tool menus. */
+    Q_PROPERTY(ToolSliders *sliders READ sliders CONSTANT)
 public:
     /** `className` names the editor in its log lines. */
     explicit EditorSession(const char *className, QObject *parent = nullptr);
     ~EditorSession() override;
 
-    // Set by the opener before the screen loads.
+    // Set by the opener before the screen loads; a bare picture goes into background().croppedImage.
     std::shared_ptr<Json> contentJson; // a template to load
     std::shared_ptr<Json> reEditJson; // a stored design to load
     std::optional<ObjectId> objectId; // the design's row in the store; empty until the first store write
     bool isCreateOwn = false; // opened from the custom-size screen: the load renders a preview first
-    QImage croppedImage; // a bare picture to edit when neither document is set
 
     // The session.
     std::shared_ptr<Json> masterJson;
     bool is_pip = false;
-    bool isChanges = false;
     bool issavePressed = false;
     qreal canvasSpace = 15.0;
     std::optional<QRectF> mainViewFrame;
     std::optional<QPointF> mainViewCenter;
     std::optional<QRectF> imageViewFrame;
-    qint64 textJsonIndex = 1;
-    qint64 stickerJsonIndex = 1;
-    qint64 imageStickerJsonIndex = 1;
-    qint64 frameImageStickerJsonIndex = 1;
-    int imageLimit = 0;
-    QPointer<ResizableView> selectedView;
-    QPointer<ResizableImageView> selectedIconImgView;
-    QPointer<StaticResizableImageView> selectedImageView;
-    QPointer<BorderedResizableImageView> selectedBorderedImageView;
-    QImage croppedOriginalImage;
-    QImage editedImage;
-    QImage defaultBgImage;
-    std::optional<QColor> defaultBgColor;
-    QStringList bgGradientArray;
-    QImage bgPatternImage;
-    /** The undo history: whole documents as dictionaries, oldest first; the last is the present. */
-    QList<nlohmann::ordered_json> undoArray;
-    /** Registers each step's opposite, as the operations below do. */
-    UndoHistory undoManager;
-    /** The sticker catalog entry a new sticker came from; the picker sets them. */
-    std::optional<qint64> selected_sticker_id;
-    std::optional<qint64> selected_sticker_catalog_id;
-    bool newStickerHasColor = false;
+    LayerSelection selection;
+    // What the pickers hand back; read when the editor appears again. The sticker's catalog entry stays
+    // for the stickers that follow.
+    QImage newBgImage;
+    QString bg_image_url;
+    PickedSticker picked;
+    /** A replaced sticker picture keeps the sticker's tint; the sticker menu sets it. */
+    bool setTintColor = false;
     /** The screen's size in points; a new sticker's size follows its smaller side. */
     QSizeF screenSize;
-
     /** The main screen's scale: template values are divided by it before they are fitted. */
     qreal screenScale = 1.0;
     /** The rendered picture of the last save. */
@@ -126,6 +107,16 @@ public:
     ImageView *const fgImageView;
     View *const gridView;
 
+    [[nodiscard]] CanvasBackground &background() { return *m_background; }
+    [[nodiscard]] DesignLoader &loader() { return *m_loader; }
+    [[nodiscard]] LayerBuilder &builder() { return *m_builder; }
+    [[nodiscard]] UndoRecorder &recorder() { return *m_recorder; }
+    [[nodiscard]] LayerPanel &layerPanel() { return *m_layerPanel; }
+    [[nodiscard]] ToolSliders *sliders() const { return m_sliders; }
+    [[nodiscard]] SaveFlow &saving() { return *m_saving; }
+    /** The delegate of every layer. */
+    [[nodiscard]] LayerEvents *layerEvents() { return m_layerEvents.get(); }
+
     /** The area that the canvas may fill (the work area less `canvasSpace` on every side). */
     void setCanvasArea(const QRectF &area);
     [[nodiscard]] QRectF canvasFrame() const;
@@ -136,130 +127,65 @@ public:
      * is fitted to it. Later reports change nothing: layers keep their canvas points.
      */
     Q_INVOKABLE void setWorkAreaSize(qreal width, qreal height);
-    [[nodiscard]] bool hasChanges() const { return isChanges; }
+    [[nodiscard]] bool hasChanges() const { return m_isChanges; }
+    void setChanges(bool changes);
     [[nodiscard]] QString errorString() const { return m_errorString; }
+    /** The design cannot be opened: the reason, for the screen. */
+    void fail(const QString &message);
 
-    /** Opens whichever of contentJson, reEditJson or croppedImage the opener set, once the area is known. */
+    /** Opens whichever of contentJson, reEditJson or a bare picture the opener set, once the area is known. */
     void viewDidLoad() override;
-
+    /** Back from a picker: takes what it handed back, in order, then clears it. */
+    void viewWillAppear() override;
     /** Opens a template: template units and degrees become canvas points and radians. False if refused. */
     bool loadTemplate(const std::shared_ptr<Json> &document);
     /** Opens a stored design, whose records already hold canvas points and radians. False if refused. */
     bool loadReEdit(const std::shared_ptr<Json> &document);
+    /** Whether the editor takes outlined slots; the video and landscape editors have none. */
+    [[nodiscard]] virtual bool hasOutlinedSlots() const { return true; }
 
-    /** Sizes viewMain to the design's shape inside the area and centres it there. */
-    void fitCanvas(std::optional<double> width, std::optional<double> height);
-    /** A template rectangle in canvas points; absent fields count as 0. */
-    [[nodiscard]] QRectF convertRect(std::optional<double> x, std::optional<double> y, std::optional<double> width,
-        std::optional<double> height) const;
-    /** A template height (also a font size) in canvas points. */
-    [[nodiscard]] qreal convertHeight(std::optional<double> height) const;
-
-    /** Taken by value: the caller may pass the document's own delta, which this clears first. */
-    void applyBackground(std::shared_ptr<BackgroundJson> record);
     Q_INVOKABLE void deselectAll(bool changeBar = true);
-
-    StaticResizableImageView *addImageSticker(
-        const QRectF &frame, const std::shared_ptr<ImageStickerJson> &record, bool isLoading);
-    BorderedResizableImageView *addFrameImageSticker(
-        const QRectF &frame, const std::shared_ptr<FrameImageStickerJson> &record, bool isLoading);
-    ResizableImageView *addSticker(const QRectF &frame, const std::shared_ptr<StickerJson> &record, bool isLoading);
-    ResizableView *addText(const QRectF &frame, const std::shared_ptr<TextJson> &record, bool isLoading);
-
     /** The document as the undo history and the store see it. */
     [[nodiscard]] nlohmann::ordered_json documentDictionary() const;
-
-    /** The store that the automatic save writes; without one the session opens the default store. */
+    /** The store that the saves write; without one the session opens the default store. */
     void setDesignStore(DesignStore *store);
+    [[nodiscard]] const QList<nlohmann::ordered_json> &undoArray() const { return m_recorder->undoArray(); }
 
-    // Undo and redo. Each recorded step puts the touched records into the document's changed_* delta,
-    // keeps the whole document as a snapshot and stores the design.
-    [[nodiscard]] bool canUndo() const { return m_canUndo; }
-    [[nodiscard]] bool canRedo() const { return m_canRedo; }
-    /** Empties the delta of masterJson: the start of each recorded step. */
-    void clearChanged();
-    /** Registers a snapshot made by the user as one undo step and appends it to undoArray. */
-    void recordStep(nlohmann::ordered_json snapshot);
-    /** Undo of a step: goes back to the previous snapshot, rebuilding the layers the step touched. */
-    void removeContent(nlohmann::ordered_json content);
-    /** Redo of a step: the snapshot becomes the present again. */
-    void addContent(nlohmann::ordered_json content);
-    /**
-     * Makes `json` the live model and rebuilds only the layers in its delta, picture slots first and
-     * texts last; a rebuilt layer comes back on top of the others.
-     */
-    void applyDocument(const std::shared_ptr<Json> &json, bool isUndo);
-    void updateUndoAndRedoButtons();
+    [[nodiscard]] bool canUndo() const { return m_recorder->canUndo(); }
+    [[nodiscard]] bool canRedo() const { return m_recorder->canRedo(); }
+    /** The bar's undo: the last step goes back, and the tools return to the top level. */
     Q_INVOKABLE void undo();
     Q_INVOKABLE void redo();
-    /** The background view's delegate: the record changed. */
-    void backgroundDidUpdate(const std::shared_ptr<BackgroundJson> &record);
+    /**
+     * Hides the pop tip and the empty-content notice and puts the menu back to the top level: after
+     * undo and redo, and when the selected layer leaves. The tool menus supply it.
+     */
+    virtual void backToTopLevel() { }
 
     // New layers made by the user.
-    /** A sticker from a picked picture, sized for the screen, centred and selected. */
     ResizableImageView *addNewSticker(const QImage &picture);
-    /** A text typed in the entry screen, at 28 points, centred and selected. */
     ResizableView *addNewText(const QString &text, const QString &fontName, const std::optional<QColor> &color);
     void takeEnteredText(
         const QString &text, const QString &fontName, std::optional<QColor> color, bool isNewText) override;
-    [[nodiscard]] bool canDuplicate() const;
-    /** A copy of the selected text or sticker, a little below and right of it when there is room. */
+    void setNewBgImage(const QImage &picture, const QString &url) override;
+    /** A colour from the background picker: the background becomes that colour alone, one step. */
+    void setBackgroundColor(const std::optional<QColor> &color) override;
+    [[nodiscard]] std::optional<QColor> backgroundColor() const override;
+    void setNewStickerImage(const PickedSticker &sticker) override;
+    [[nodiscard]] bool canDuplicate() const { return selection.hasTextOrSticker(); }
     Q_INVOKABLE void duplicateClicked();
 
     // The layer panel.
     [[nodiscard]] bool canShowLayers() const;
-    [[nodiscard]] bool layersShown() const { return m_layersShown; }
-    [[nodiscard]] LayerListModel *layerModel() const { return m_layerItems; }
-    /** The rows: the canvas's stickers, topmost first. */
-    Q_INVOKABLE void fillLayers();
-    /** The layer button and the panel's close button: opens the panel filled anew, or closes it. */
+    [[nodiscard]] bool layersShown() const;
+    [[nodiscard]] LayerListModel *layerModel() const;
     Q_INVOKABLE void toggleLayers();
-    /** A row was dragged from one place to another: the two stickers swap places in the canvas. */
     Q_INVOKABLE void positionChanged(int currentIndex, int newIndex);
-
-    /**
-     * The canvas drawn at the design's own size (twice that for HD), without selection, handles or the
-     * placeholders of empty outlined slots; transparent where the design is. Null without a size.
-     */
-    QImage render(bool isHD);
-    /**
-     * The user's save: the picture and a smaller one are written as previews (off the GUI thread), then
-     * the document is stored without deltas, its stickers in stacking order, marked saved. `done` runs
-     * on the GUI thread once the design is stored.
-     */
-    void saveDesign(const QImage &image, std::function<void()> done = {});
 
     /** Back or close: asks "Are you sure?" first. */
     Q_INVOKABLE void requestLeave();
     /** The confirmation that back and close show; its "YES" leaves, saving the design when it changed. */
     [[nodiscard]] AlertModel *leaveConfirmation();
-    /** Whether the editor takes outlined slots; the video and landscape editors have none. */
-    [[nodiscard]] virtual bool hasOutlinedSlots() const { return true; }
-
-    // Layer delegates.
-    void stickerDidSelect(ResizableImageView *view) override;
-    void stickerDidDeselect(ResizableImageView *view) override;
-    void stickerWillClose(ResizableImageView *view) override;
-    void stickerDidClose(ResizableImageView *view) override;
-    void stickerDidUpdate(std::shared_ptr<StickerJson> json) override;
-    void stickerDidAttach(std::shared_ptr<StickerJson> json) override;
-    void stickerDidDrag(ResizableImageView *view) override;
-    void stickerDidEndDrag(ResizableImageView *view) override;
-    void textDidSelect(ResizableView *view) override;
-    void textDidDeselect(ResizableView *view) override;
-    void textWillClose(ResizableView *view) override;
-    void textDidUpdate(std::shared_ptr<TextJson> json) override;
-    void textDidAttach(std::shared_ptr<TextJson> json) override;
-    void textDidDrag(ResizableView *view) override;
-    void textDidEndDrag(ResizableView *view) override;
-    void slotDidSelect(View *slot) override;
-    void slotDidDeselect(View *slot) override;
-    void slotWillClose(View *slot) override;
-    void slotDidUpdate(const std::shared_ptr<ImageStickerJson> &record) override;
-    void slotDidUpdate(const std::shared_ptr<FrameImageStickerJson> &record) override;
-    void slotDidClose(View *slot) override;
-    void slotDidAttach(const std::shared_ptr<ImageStickerJson> &record) override;
-    void slotDidAttach(const std::shared_ptr<FrameImageStickerJson> &record) override;
 
 Q_SIGNALS:
     void canvasChanged();
@@ -280,55 +206,24 @@ protected:
     virtual void leave();
 
 private:
-    template<class Record> using Field = RecordList<Record> Json::*;
-    template<class Record>
-    void recordChange(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record);
-    template<class Record>
-    void recordAdded(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record);
-    template<class Record>
-    void recordClosed(Field<Record> array, Field<Record> changed, const std::shared_ptr<Record> &record);
-    /** Snapshot, step and automatic save: the end of every recorded step. */
-    void finishStep();
-    void automaticSave();
-    [[nodiscard]] DesignStore &store();
-    void setChanges(bool changes);
-    void performUndoOperation(UndoHistory::Operation operation, nlohmann::ordered_json content);
-    template<class Layer, class Record>
-    void replayKind(
-        Field<Record> changed, bool isUndo, const std::function<void(const std::shared_ptr<Record> &)> &make);
-    void forgetSelectionOf(View *layer);
-    /** The frames of layers made from records in canvas points, as stored designs and snapshots hold them. */
-    [[nodiscard]] static QRectF storedStickerFrame(const StickerJson &record);
-    [[nodiscard]] static QRectF storedTextFrame(const TextJson &record);
-    template<class Record> [[nodiscard]] static QRectF storedSlotFrame(const Record &record);
-
-    bool refuseNullFlags(const Json &document);
-    void loadSlots(bool reEdit);
-    void loadFrame(bool reEdit);
-    void loadStickers(bool reEdit);
-    void loadTexts(bool reEdit);
-    void usePictureAsBackground(const QImage &picture);
-    void startUndoHistory();
-    [[nodiscard]] QString resolveName(const QString &name) const;
-    [[nodiscard]] QImage pictureFor(const QString &value) const;
-    /** The picture at once when at hand, else loaded by address with the indicator over `host`. */
-    void showPicture(const QString &value, View *host, const std::function<void(const QImage &picture)> &apply) const;
-    void fail(const QString &message);
-
+    void removeLayers(LayerKind kind, const QList<qint64> &indexes, bool deselect) override;
+    void makeLayer(const ReplayRecord &record) override;
     void openDocument();
-    /** The document of a bare picture: its size, the picture as background and preview, no layers. */
-    [[nodiscard]] static std::shared_ptr<Json> documentForPicture(const QImage &picture);
     void finishLeaving(const QPointer<AlertModel> &notice);
+    /** The sticker picture handed back: a new sticker, or the selected sticker's picture replaced. */
+    void takeStickerPicture();
+
     const QString m_className;
     QString m_errorString;
     bool m_openPending = false;
-    bool m_canUndo = false;
-    bool m_canRedo = false;
-    bool m_layersShown = false;
-    LayerListModel *const m_layerItems;
-    DesignStore *m_store = nullptr;
-    std::unique_ptr<DesignStore> m_ownStore;
+    bool m_isChanges = false;
     bool m_leaving = false;
-    /** Preview files being written; the session waits for them before it goes. */
-    QFuture<void> m_previewWrite;
+    std::unique_ptr<CanvasBackground> m_background;
+    std::unique_ptr<LayerEvents> m_layerEvents;
+    std::unique_ptr<LayerBuilder> m_builder;
+    std::unique_ptr<DesignLoader> m_loader;
+    UndoRecorder *const m_recorder;
+    LayerPanel *const m_layerPanel;
+    ToolSliders *const m_sliders;
+    SaveFlow *const m_saving;
 };

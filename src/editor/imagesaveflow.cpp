@@ -2,16 +2,14 @@
 
 #include "alertmodel.h"
 #include "applog.h"
-#include "borderedresizableimageview.h"
 #include "canvasrenderer.h"
 #include "editorsession.h"
-#include "layerview.h"
 #include "navigationcontroller.h"
+#include "pictureencoding.h"
+#include "saveflow.h"
 #include "saveimagevc.h"
-#include "staticresizableimageview.h"
 #include "storyboard.h"
 
-#include <QBuffer>
 #include <QTimer>
 #include <QtConcurrent>
 
@@ -100,44 +98,9 @@ void ImageSaveFlow::save(bool isHD)
     QTimer::singleShot(m_noticeDelay, this, [this, isHD] { startRender(isHD); });
 }
 
-QSize ImageSaveFlow::prepareCanvas(bool isHD)
-{
-    m_session.deselectAll(false);
-    for (View *view : m_session.viewMain->subviews()) {
-        if (auto *layer = qobject_cast<LayerView *>(view)) {
-            layer->setControlsHidden(true);
-        } else if (auto *slot = qobject_cast<StaticResizableImageView *>(view)) {
-            slot->borderView->setHidden(true);
-        } else if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view)) {
-            outlined->isActive = false;
-            // An empty outlined slot shows a placeholder that is no part of the design.
-            if (outlined->isNotImage() && !outlined->isHidden()) {
-                outlined->setHidden(true);
-                m_hiddenSlots.append(outlined);
-            }
-        }
-    }
-    m_session.viewMain->setBackgroundColor(Qt::transparent);
-    const double factor = isHD ? 2 : 1;
-    const Json &json = *m_session.masterJson;
-    return { int(std::ceil(json.width.value_or(0) * factor)), int(std::ceil(json.height.value_or(0) * factor)) };
-}
-
-void ImageSaveFlow::restoreCanvas()
-{
-    for (const QPointer<BorderedResizableImageView> &slot : std::as_const(m_hiddenSlots)) {
-        if (slot)
-            slot->setHidden(false);
-    }
-    m_hiddenSlots.clear();
-}
-
 QImage ImageSaveFlow::render(bool isHD)
 {
-    const QSize target = prepareCanvas(isHD);
-    QImage picture = CanvasRenderer::renderImage(*m_session.viewMain, target);
-    restoreCanvas();
-    return picture;
+    return m_session.saving().render(isHD);
 }
 
 void ImageSaveFlow::startRender(bool isHD)
@@ -146,7 +109,7 @@ void ImageSaveFlow::startRender(bool isHD)
         m_saving = false;
         return;
     }
-    const QSize target = prepareCanvas(isHD);
+    const QSize target = m_session.saving().prepareCanvas(isHD);
     // The drawing takes most of the time, the encoding the rest.
     auto report = [this, notice = m_notice](qreal done) {
         QMetaObject::invokeMethod(
@@ -162,9 +125,7 @@ void ImageSaveFlow::startRender(bool isHD)
         Rendered rendered;
         rendered.picture = CanvasRenderer::renderImage(*canvas, target, [&report](qreal done) { report(done * 0.7); });
         // Encoded as the preview writer encodes it, so that the album and the preview hold the same file.
-        QBuffer buffer(&rendered.pngData);
-        buffer.open(QIODevice::WriteOnly);
-        rendered.picture.save(&buffer, "PNG");
+        rendered.pngData = PictureEncoding::png(rendered.picture);
         report(0.8);
         return rendered;
     }));
@@ -172,12 +133,12 @@ void ImageSaveFlow::startRender(bool isHD)
 
 void ImageSaveFlow::finishSave(const Rendered &rendered)
 {
-    restoreCanvas();
+    m_session.saving().restoreCanvas();
     m_session.saveImg = rendered.picture;
     if (rendered.picture.isNull())
         AppLog::print(QStringLiteral("The canvas could not be drawn; the design is saved without a picture"));
     // The notice stays until the previews are written and the design is stored.
-    m_session.saveDesign(rendered.picture, [flow = QPointer(this), rendered] {
+    m_session.saving().saveDesign(rendered.picture, [flow = QPointer(this), rendered] {
         if (!flow)
             return;
         if (flow->m_notice) {

@@ -3,14 +3,12 @@
 #include <QByteArray>
 #include <QFutureWatcher>
 #include <QImage>
-#include <QList>
 #include <QObject>
 #include <QPointer>
 
 #include <chrono>
 
 class AlertModel;
-class BorderedResizableImageView;
 class EditorSession;
 class PanelModel;
 class Storyboard;
@@ -62,10 +60,6 @@ Q_SIGNALS:
     void saved(const ImageSaveFlow::Rendered &rendered);
 
 private:
-    /** The first steps of the drawing: nothing selected, empty outlined slots hidden, clear canvas. */
-    QSize prepareCanvas(bool isHD);
-    /** The last step: the outlined slots come back. */
-    void restoreCanvas();
     void startRender(bool isHD);
     void finishSave(const Rendered &rendered);
     void showResult(const Rendered &rendered);
@@ -75,6 +69,5 @@ private:
     std::chrono::milliseconds m_noticeDelay { 2000 };
     bool m_saving = false;
     QPointer<PanelModel> m_notice;
-    QList<QPointer<BorderedResizableImageView>> m_hiddenSlots;
     QFutureWatcher<Rendered> m_render;
 };

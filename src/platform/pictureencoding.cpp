@@ -13,14 +13,22 @@ QString suffixFor(const QImage &picture)
 
 QByteArray encode(const QImage &picture)
 {
+    if (suffixFor(picture) != QLatin1String(".jpg"))
+        return png(picture);
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
-    // A light PNG compression stays lossless and keeps a replay that rebuilds many layers quick.
-    if (suffixFor(picture) == QLatin1String(".jpg"))
-        picture.save(&buffer, "JPEG", 100);
-    else
-        picture.save(&buffer, "PNG", 80);
+    picture.save(&buffer, "JPEG", 100);
+    return data;
+}
+
+QByteArray png(const QImage &picture)
+{
+    QByteArray data;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::WriteOnly);
+    // A light compression stays lossless and keeps a replay that rebuilds many layers quick.
+    picture.save(&buffer, "PNG", 80);
     return data;
 }
 

@@ -15,4 +15,6 @@ namespace PictureEncoding {
 [[nodiscard]] QString suffixFor(const QImage &picture);
 /** The picture's bytes in the format of its suffix; empty when it cannot be encoded. */
 [[nodiscard]] QByteArray encode(const QImage &picture);
+/** The picture's bytes as the PNG that `encode` writes; empty when it cannot be encoded. */
+[[nodiscard]] QByteArray png(const QImage &picture);
 } // namespace PictureEncoding

@@ -28,8 +28,8 @@ TEST(DesignStoreCrash, AKilledWriterLeavesTheLastSavedVersion)
 {
     TestHome home;
     TraceCapture trace;
-    const auto id = DesignStore(DesignStore::defaultPath(), trace.file())
-                        .saveDesign(QStringLiteral(R"({"sample_image": "", "json_id": 0})"), std::nullopt, false);
+    const auto id
+        = DesignStore().saveDesign(QStringLiteral(R"({"sample_image": "", "json_id": 0})"), std::nullopt, false);
     ASSERT_TRUE(id);
     qint64 saved = 0;
     int committedUnreported = 0;
@@ -48,7 +48,7 @@ TEST(DesignStoreCrash, AKilledWriterLeavesTheLastSavedVersion)
         writer.waitForFinished();
         reported = lastReported(writer, reported);
 
-        DesignStore store(DesignStore::defaultPath(), trace.file());
+        DesignStore store;
         const QList<SavePhoto> rows = store.allDesigns();
         ASSERT_EQ(rows.size(), 1);
         const auto json = Mapper::map<Json>(rows.first().jsonString);

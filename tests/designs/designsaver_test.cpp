@@ -14,7 +14,7 @@ TEST(DesignSaver, TheFirstStoreMakesTheRowAndLaterOnesOverwriteIt)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     store.saveDesign(QStringLiteral("{}"), std::nullopt, false); // another design
     DesignSaver saver(store);
     EXPECT_FALSE(saver.objectId());
@@ -43,7 +43,7 @@ TEST(DesignSaver, TheUsersSaveDropsTheDeltasAndNamesThePreview)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto existing = store.saveDesign(QStringLiteral("{}"), std::nullopt, false);
     DesignSaver saver(store, existing);
 
@@ -74,7 +74,7 @@ TEST(DesignSaver, ADocumentWithoutJsonTextLeavesTheStoreAlone)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     DesignSaver saver(store);
     auto json = makeSampleDocument(4);
     json->text_json->first()->xPos = std::numeric_limits<double>::quiet_NaN();
@@ -88,7 +88,7 @@ TEST(DesignSaver, AFailedInsertNeverAdoptsAnotherDesignsRow)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto other = store.saveDesign(QStringLiteral(R"({"sample_image": "other.png"})"), std::nullopt, false);
     ASSERT_TRUE(other);
     {

@@ -29,7 +29,7 @@ TEST(DesignStore, SavingTwiceKeepsOneRowAndMovesItsTime)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto id = store.saveDesign(document, std::nullopt, false);
     ASSERT_TRUE(id);
     const QString firstTime = store.allDesigns().first().updated_at;
@@ -51,7 +51,7 @@ TEST(DesignStore, SavingToADeletedRowInsertsANewOne)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto first = store.saveDesign(document, std::nullopt, false);
     ASSERT_TRUE(store.deleteDesign(first));
     const auto second = store.saveDesign(document, first, false);
@@ -68,7 +68,7 @@ TEST(DesignStore, TheNewestRowIsLastAndIdsSurviveARestart)
     TraceCapture trace;
     QString idText;
     {
-        DesignStore store(DesignStore::defaultPath(), trace.file());
+        DesignStore store;
         EXPECT_FALSE(store.lastDesignObjectID());
         store.saveDesign(document, std::nullopt, false);
         const auto second = store.saveDesign(document, std::nullopt, false);
@@ -77,7 +77,7 @@ TEST(DesignStore, TheNewestRowIsLastAndIdsSurviveARestart)
         idText = second->toString();
     }
     EXPECT_EQ(idText, QStringLiteral("x-quillet://QuilletStore/SavePhoto/p2"));
-    DesignStore reopened(DesignStore::defaultPath(), trace.file());
+    DesignStore reopened;
     EXPECT_TRUE(reopened.deleteDesign(ObjectId::fromString(idText)));
     EXPECT_EQ(reopened.allDesigns().size(), 1);
 }
@@ -86,7 +86,7 @@ TEST(DesignStore, DesignsAreOrderedByTheTextOfTheirTime)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto a = *store.saveDesign(QStringLiteral("{\"a\": 1}"), std::nullopt, false);
     const auto b = *store.saveDesign(QStringLiteral("{\"b\": 1}"), std::nullopt, false);
     const auto c = *store.saveDesign(QStringLiteral("{\"c\": 1}"), std::nullopt, false);
@@ -103,7 +103,7 @@ TEST(DesignStore, DeletingNeedsAnExistingRowOfTheEntityAndKeepsTheFiles)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto id = store.saveDesign(document, std::nullopt, false);
     QFile preview(home.filePath(QStringLiteral("Documents/1.png")));
     ASSERT_TRUE(preview.open(QIODevice::WriteOnly));
@@ -125,7 +125,7 @@ TEST(DesignStore, ListScreensReadEveryRowInOrder)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto old = *store.saveDesign(
         QStringLiteral(R"({"image": "old.jpg", "resizables": [{"text": "hi"}], "fgImage": {"height": 500}})"),
         std::nullopt, false);
@@ -149,7 +149,7 @@ TEST(DesignStore, LogosKeepOneRowPerName)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(DesignStore::defaultPath(), trace.file());
+    DesignStore store;
     const auto a = store.saveLogo(QStringLiteral("a.png"));
     const auto b = store.saveLogo(QStringLiteral("b.png"));
     const auto again = store.saveLogo(QStringLiteral("a.png"));
@@ -171,7 +171,7 @@ TEST(DesignStore, AStoreThatCannotOpenFailsEachOperationWithATrace)
 {
     TestHome home;
     TraceCapture trace;
-    DesignStore store(home.filePath(QStringLiteral("missing/dir/QuilletStore.sqlite")), trace.file());
+    DesignStore store(home.filePath(QStringLiteral("missing/dir/QuilletStore.sqlite")));
     EXPECT_FALSE(store.saveDesign(document, std::nullopt, false));
     EXPECT_FALSE(store.lastDesignObjectID());
     EXPECT_TRUE(store.allDesigns().isEmpty());

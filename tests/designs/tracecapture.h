@@ -1,21 +1,27 @@
 #pragma once
 
+#include "applog.h"
+
 #include <QString>
 
 #include <cstdio>
 
-/** A temporary file that stands in for stdout as a store's trace, read back by the test. */
+/** A temporary file that takes the application's log while it lives, read back by the test. */
 class TraceCapture
 {
 public:
     TraceCapture()
         : m_file(std::tmpfile())
-    { }
-    ~TraceCapture() { std::fclose(m_file); }
+    {
+        AppLog::setOutput(m_file);
+    }
+    ~TraceCapture()
+    {
+        AppLog::setOutput(stdout);
+        std::fclose(m_file);
+    }
     TraceCapture(const TraceCapture &) = delete;
     TraceCapture &operator=(const TraceCapture &) = delete;
-
-    [[nodiscard]] FILE *file() const { return m_file; }
 
     /** Everything written so far. */
     [[nodiscard]] QString text() const

@@ -80,7 +80,7 @@ TEST(EditCommand, StepsEditTheDesignAndUndoWalksBack)
     EXPECT_NEAR(moved["width"].get<double>(), 60 + 28 * 0.5, 1e-3); // the outer box scales, handles included
     EXPECT_NEAR(document["sticker_json"][0]["opacity"].get<double>(), 40, 1e-3);
     // Nothing but the result on stdout; the design was stored along the way.
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     ASSERT_EQ(store.allDesigns().size(), 1);
     EXPECT_FALSE(store.savedDesigns().first().document->is_editsaved);
 }
@@ -137,7 +137,7 @@ TEST(EditCommand, LeaveAnswersYesAndStoresTheSavedDesignOnlyAfterEdits)
     const EditRun edited = edit(home, R"([{"op": "pan", "layer": "sticker:1", "dx": 5, "dy": 5}, {"op": "leave"}])");
     ASSERT_EQ(edited.exitCode, 0) << edited.errors.toStdString();
     EXPECT_EQ(edited.result["masterJson"]["is_editsaved"], true);
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     const QList<SavePhoto> rows = store.allDesigns();
     ASSERT_EQ(rows.size(), 1);
     EXPECT_FALSE(rows.first().jsonString.contains(QStringLiteral("changed_")));
@@ -149,7 +149,7 @@ TEST(EditCommand, LeaveAnswersYesAndStoresTheSavedDesignOnlyAfterEdits)
     TestHome untouched;
     const EditRun left = edit(untouched, R"([{"op": "leave"}])");
     ASSERT_EQ(left.exitCode, 0) << left.errors.toStdString();
-    EXPECT_TRUE(DesignStore(DesignStore::defaultPath(), stderr).allDesigns().isEmpty());
+    EXPECT_TRUE(DesignStore().allDesigns().isEmpty());
 
     // Nothing follows the leaving.
     EXPECT_EQ(edit(untouched, R"([{"op": "leave"}, {"op": "undo"}])").exitCode, 1);

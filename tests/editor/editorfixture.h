@@ -49,6 +49,6 @@ struct EditorFixture
     }
 
     TestHome home;
-    DesignStore store { DesignStore::defaultPath(), stderr };
+    DesignStore store;
     EditImagePortraitMode editor;
 };

@@ -1,7 +1,10 @@
 #include "alertmodel.h"
 #include "backgroundimageview.h"
 #include "borderedresizableimageview.h"
+#include "canvasbackground.h"
+#include "designloader.h"
 #include "editimageportraitmode.h"
+#include "layerbuilder.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
 #include "resizableimageview.h"
@@ -46,21 +49,21 @@ void writePicture(const TestHome &home, const QString &name, QSize size = { 40, 
 TEST(CanvasFit, TallSquareAndWideDesignsFitTheArea)
 {
     Session s(QSizeF(300, 400));
-    s.editor.fitCanvas(1080, 1920);
+    s.editor.loader().fitCanvas(1080, 1920);
     EXPECT_EQ(s.editor.viewMain->bounds().size(), QSizeF(225, 400));
     EXPECT_EQ(s.editor.viewMain->center(), QPointF(150, 200));
     // A square one takes the width of the area; the height follows.
-    s.editor.fitCanvas(500, 500);
+    s.editor.loader().fitCanvas(500, 500);
     EXPECT_EQ(s.editor.viewMain->bounds().size(), QSizeF(300, 300));
-    s.editor.fitCanvas(1920, 1080);
+    s.editor.loader().fitCanvas(1920, 1080);
     EXPECT_EQ(s.editor.viewMain->bounds().size(), QSizeF(300, 168.75));
     // Too tall for the width: the width wins.
     Session narrow(QSizeF(100, 400));
-    narrow.editor.fitCanvas(1000, 2000);
+    narrow.editor.loader().fitCanvas(1000, 2000);
     EXPECT_EQ(narrow.editor.viewMain->bounds().size(), QSizeF(100, 200));
     // Too wide for the height: the height wins.
     Session flat(QSizeF(400, 100));
-    flat.editor.fitCanvas(2000, 1000);
+    flat.editor.loader().fitCanvas(2000, 1000);
     EXPECT_EQ(flat.editor.viewMain->bounds().size(), QSizeF(200, 100));
     EXPECT_EQ(flat.editor.backgroundImageView->frame(), QRectF(0, 0, 200, 100));
     EXPECT_EQ(*flat.editor.imageViewFrame, QRectF(0, 0, 200, 100));
@@ -79,11 +82,12 @@ TEST(TemplateToCanvas, ScalesByScreenScaleAndCanvasRatio)
     TestHome home;
     Session s(QSizeF(360, 640), 3.0);
     s.editor.masterJson = documentFrom(R"({"width": 1080, "height": 1920})");
-    s.editor.fitCanvas(1080, 1920);
-    EXPECT_EQ(s.editor.convertRect(540, 960, 300, 150), QRectF(180, 320, 100, 50));
-    EXPECT_DOUBLE_EQ(s.editor.convertHeight(96), 32);
+    s.editor.loader().fitCanvas(1080, 1920);
+    EXPECT_EQ(s.editor.loader().convertRect(540, 960, 300, 150), QRectF(180, 320, 100, 50));
+    EXPECT_DOUBLE_EQ(s.editor.loader().convertHeight(96), 32);
     // Absent fields count as 0.
-    EXPECT_EQ(s.editor.convertRect(std::nullopt, std::nullopt, std::nullopt, std::nullopt), QRectF(0, 0, 0, 0));
+    EXPECT_EQ(
+        s.editor.loader().convertRect(std::nullopt, std::nullopt, std::nullopt, std::nullopt), QRectF(0, 0, 0, 0));
 }
 
 TEST(TemplateLoad, TextWithoutPositionSitsAtTheCanvasOriginPlusItsMargins)
@@ -121,7 +125,7 @@ TEST(TemplateLoad, LayersStackInLoadOrderBetweenBackgroundAndFrame)
     EXPECT_EQ(views.at(5), s.editor.fgImageView);
     EXPECT_EQ(views.at(6), s.editor.gridView);
     EXPECT_TRUE(s.editor.gridView->isHidden());
-    EXPECT_EQ(s.editor.imageLimit, 1);
+    EXPECT_EQ(s.editor.builder().imageLimit, 1);
     // The frame's name was resolved into resource/ and written back.
     EXPECT_EQ(*s.editor.masterJson->frame_json->frame_image, home.filePath(QStringLiteral("resource/a.png")));
     EXPECT_FALSE(s.editor.fgImageView->image().isNull());
@@ -180,10 +184,10 @@ TEST(TemplateLoad, IndexCountersAdvanceForEveryLayerWhetherOrNotTheIndexWasTaken
     for (const auto &record : *s.editor.masterJson->sticker_json)
         indexes.append(record->index.value_or(-1));
     EXPECT_EQ(indexes, (QList<qint64> { 1, 7, 3, 4 }));
-    EXPECT_EQ(s.editor.stickerJsonIndex, 5);
-    EXPECT_EQ(s.editor.textJsonIndex, 1);
+    EXPECT_EQ(s.editor.builder().counters.stickerJsonIndex, 5);
+    EXPECT_EQ(s.editor.builder().counters.textJsonIndex, 1);
     // Different kinds number on their own.
-    s.editor.textJsonIndex = 1;
+    s.editor.builder().counters.textJsonIndex = 1;
 }
 
 TEST(TemplateLoad, AnglesBecomeRadiansOnceAndGeometryBecomesCanvasPoints)
@@ -199,7 +203,7 @@ TEST(TemplateLoad, AnglesBecomeRadiansOnceAndGeometryBecomesCanvasPoints)
     EXPECT_NEAR(sticker->yPos.value(), 200, 1e-4);
     EXPECT_NEAR(sticker->width.value(), 50, 1e-4);
     EXPECT_NEAR(sticker->height.value(), 30, 1e-4);
-    EXPECT_EQ(s.editor.undoArray.size(), 1);
+    EXPECT_EQ(s.editor.undoArray().size(), 1);
     EXPECT_FALSE(s.editor.masterJson->changed_background_json);
 
     // The stored form opens again without any conversion, on another screen size too.
@@ -240,8 +244,8 @@ TEST(TemplateLoad, PictureInPictureMakesTheSlotPictureTheBackground)
         "image_sticker_json": [{"image_sticker_image": "a.png", "width": 100, "height": 100}]})")));
     EXPECT_TRUE(s.editor.is_pip);
     EXPECT_EQ(s.editor.backgroundImageView->image().size(), QSize(30, 60));
-    EXPECT_FALSE(s.editor.defaultBgColor.has_value());
-    EXPECT_EQ(s.editor.croppedImage.size(), QSize(30, 60));
+    EXPECT_FALSE(s.editor.background().defaultBgColor.has_value());
+    EXPECT_EQ(s.editor.background().croppedImage.size(), QSize(30, 60));
 }
 
 TEST(Background, ColourAndGradientComeFromTheRecord)
@@ -251,8 +255,9 @@ TEST(Background, ColourAndGradientComeFromTheRecord)
     ASSERT_TRUE(s.editor.loadTemplate(documentFrom(
         R"({"background_json": {"background_color": "#E05863", "gradient_colors": ["ff0000", "0000ff"]}})")));
     EXPECT_EQ(s.editor.backgroundImageView->backgroundColor(), QColor(0xE0, 0x58, 0x63));
-    EXPECT_EQ(s.editor.bgGradientArray, (QStringList { QStringLiteral("ff0000"), QStringLiteral("0000ff") }));
-    EXPECT_EQ(*s.editor.defaultBgColor, QColor(0xE0, 0x58, 0x63));
+    EXPECT_EQ(
+        s.editor.background().bgGradientArray, (QStringList { QStringLiteral("ff0000"), QStringLiteral("0000ff") }));
+    EXPECT_EQ(*s.editor.background().defaultBgColor, QColor(0xE0, 0x58, 0x63));
 }
 
 TEST(Leaving, ConfirmationWithoutEditsPopsAtOnce)

@@ -162,7 +162,7 @@ TEST(EditorViewGestures, APinchIsOneStepForStickersAndTexts)
     const QSizeF stickerSize = sticker->bounds().size();
     w.pinch(w.onCanvas(f, sticker->center()), 3.0);
     EXPECT_GT(sticker->bounds().width(), stickerSize.width() * 1.3);
-    EXPECT_EQ(f.editor.undoArray.size(), 2);
+    EXPECT_EQ(f.editor.undoArray().size(), 2);
     f.editor.undo();
     sticker = f.layers<ResizableImageView>().first();
     EXPECT_NEAR(sticker->bounds().width(), stickerSize.width(), 0.01);
@@ -172,7 +172,7 @@ TEST(EditorViewGestures, APinchIsOneStepForStickersAndTexts)
     const qreal fontSize = text->textView->fontSize;
     w.pinch(w.onCanvas(f, text->center()), 3.0);
     EXPECT_GT(text->textView->fontSize, fontSize + 10);
-    EXPECT_EQ(f.editor.undoArray.size(), 2);
+    EXPECT_EQ(f.editor.undoArray().size(), 2);
     f.editor.undo();
     EXPECT_NEAR(f.layers<ResizableView>().first()->textView->fontSize, fontSize, 0.01);
     EXPECT_FALSE(f.editor.canUndo());

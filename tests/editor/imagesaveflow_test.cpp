@@ -73,7 +73,7 @@ struct SaveFixture
     }
 
     TestHome home;
-    DesignStore store { DesignStore::defaultPath(), stderr };
+    DesignStore store;
     Storyboard storyboard;
     NavigationController navigation;
     EditImagePortraitMode *editor = nullptr; // owned by the navigation stack

@@ -64,9 +64,9 @@ TEST(LayerPanel, MoveAcrossTwoRowsSwapsOnlyTheTwoStickersAndRowsDisagreeUntilRef
     EXPECT_EQ(rowIndexes(f), (QList<qint64> { 2, 1, 3 }));
     EXPECT_EQ(f.editor.viewMain->subviews().indexOf(textBefore.first()), before.indexOf(textBefore.first()));
     // No undo step, the document's order is untouched, but the session has changes to save.
-    EXPECT_EQ(f.editor.undoArray.size(), 1);
+    EXPECT_EQ(f.editor.undoArray().size(), 1);
     EXPECT_FALSE(f.editor.canUndo());
-    EXPECT_TRUE(f.editor.isChanges);
+    EXPECT_TRUE(f.editor.hasChanges());
     EXPECT_EQ(f.editor.masterJson->sticker_json->first()->index, 1);
     // The next opening fills the rows from the stack again.
     f.editor.toggleLayers();
@@ -80,10 +80,10 @@ TEST(LayerPanel, RowWhoseStickerLeftTheCanvasChangesNothing)
     openThreeStickers(f);
     f.editor.toggleLayers();
     f.layers<ResizableImageView>().last()->buttonTapGesture(); // row 0
-    f.editor.isChanges = false;
+    f.editor.setChanges(false);
     f.editor.positionChanged(0, 1);
     EXPECT_EQ(stackIndexes(f), (QList<qint64> { 1, 2 }));
-    EXPECT_FALSE(f.editor.isChanges);
+    EXPECT_FALSE(f.editor.hasChanges());
     f.editor.positionChanged(1, 7); // no such row
     EXPECT_EQ(stackIndexes(f), (QList<qint64> { 1, 2 }));
 }
@@ -98,12 +98,12 @@ TEST(LayerPanel, LayerButtonFollowsTheStickersOfTheCanvas)
     ResizableImageView *sticker = f.editor.addNewSticker(picture);
     EXPECT_TRUE(f.editor.canShowLayers());
     // The new sticker is selected, centred and numbered, with the default catalog.
-    EXPECT_EQ(f.editor.selectedIconImgView, sticker);
+    EXPECT_EQ(f.editor.selection.selectedIconImgView, sticker);
     EXPECT_EQ(sticker->center(), QPointF(180, 320));
     EXPECT_EQ(sticker->stickerJson->index, 1);
     EXPECT_EQ(sticker->stickerJson->selected_sticker_id, 47);
     EXPECT_EQ(sticker->stickerJson->status, 1);
-    EXPECT_EQ(f.editor.undoArray.size(), 2);
+    EXPECT_EQ(f.editor.undoArray().size(), 2);
     f.editor.undo();
     EXPECT_FALSE(f.editor.canShowLayers());
 }

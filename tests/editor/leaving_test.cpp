@@ -66,7 +66,7 @@ struct OpenEditor
     }
 
     TestHome home;
-    DesignStore store { DesignStore::defaultPath(), stderr };
+    DesignStore store;
     NavigationController navigation;
     EditImagePortraitMode *editor = nullptr;
 };

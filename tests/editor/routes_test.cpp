@@ -1,6 +1,7 @@
 // Every way into the editor stores a design that reads back with all its layers.
 #include "backgroundimageview.h"
 #include "borderedresizableimageview.h"
+#include "canvasbackground.h"
 #include "editorfixture.h"
 #include "editvideoportraitmode.h"
 #include "resizableimageview.h"
@@ -50,7 +51,7 @@ TEST(EditorRoutes, ACustomSizeDesignGetsARenderedPreviewAndReopensWithItsLayers)
     ASSERT_EQ(preview.size(), QSize(500, 800)) << qPrintable(sample);
     EXPECT_EQ(preview.pixelColor(250, 400), QColor(Qt::green));
     // The preview is part of the first state, so an undo back to it keeps it.
-    EXPECT_EQ(f.editor.undoArray.first()["sample_image"], sample.toStdString());
+    EXPECT_EQ(f.editor.undoArray().first()["sample_image"], sample.toStdString());
 
     f.editor.addNewText(QStringLiteral("Mine"), QStringLiteral("Montserrat-Bold"), QColor(Qt::white));
     f.editor.undo();
@@ -68,12 +69,12 @@ TEST(EditorRoutes, ABarePictureBecomesAWholeDocumentThatReopensWithItsPicture)
     EditorFixture f;
     QImage photo(300, 200, QImage::Format_RGB32);
     photo.fill(Qt::blue);
-    f.editor.croppedImage = photo;
+    f.editor.background().croppedImage = photo;
     f.editor.viewDidLoad();
     ASSERT_TRUE(f.editor.masterJson);
     EXPECT_EQ(f.editor.viewMain->bounds().size(), QSizeF(360, 240)); // fitted to the picture
     EXPECT_EQ(f.editor.backgroundImageView->image().size(), QSize(300, 200));
-    EXPECT_EQ(f.editor.croppedOriginalImage.size(), QSize(300, 200));
+    EXPECT_EQ(f.editor.background().croppedOriginalImage.size(), QSize(300, 200));
 
     QImage mark(20, 20, QImage::Format_ARGB32);
     mark.fill(Qt::red);

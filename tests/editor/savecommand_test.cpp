@@ -63,7 +63,7 @@ TEST(SaveCommand, PutsTheRenderedPictureIntoTheAlbumAndStoresTheDesign)
     EXPECT_EQ(QImage::fromData(picture).size(), QSize(2160, 3840));
     EXPECT_EQ(fileBytes(lines.first()), picture);
 
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     const QList<SavePhoto> rows = store.allDesigns();
     ASSERT_EQ(rows.size(), 1);
     EXPECT_EQ(rows.first().objectID.toString(), lines.last());

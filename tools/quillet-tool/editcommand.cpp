@@ -2,14 +2,12 @@
 #include "toolcommand.h"
 
 #include "alertmodel.h"
-#include "borderedresizableimageview.h"
 #include "designstore.h"
 #include "editimageportraitmode.h"
 #include "hexcolor.h"
+#include "layerkinds.h"
 #include "mapper.h"
-#include "resizableimageview.h"
 #include "resizableview.h"
-#include "staticresizableimageview.h"
 #include "storeddesign.h"
 
 #include <QEventLoop>
@@ -32,40 +30,14 @@ struct StepError
     QString message;
 };
 
-QString kindOf(View *view)
-{
-    if (qobject_cast<ResizableView *>(view))
-        return QStringLiteral("text");
-    if (qobject_cast<ResizableImageView *>(view))
-        return QStringLiteral("sticker");
-    if (qobject_cast<StaticResizableImageView *>(view))
-        return QStringLiteral("slot");
-    if (qobject_cast<BorderedResizableImageView *>(view))
-        return QStringLiteral("outlined");
-    return {};
-}
-
-std::optional<qint64> indexOf(View *view)
-{
-    if (auto *text = qobject_cast<ResizableView *>(view))
-        return text->textJson ? text->textJson->index : std::nullopt;
-    if (auto *sticker = qobject_cast<ResizableImageView *>(view))
-        return sticker->stickerJson ? sticker->stickerJson->index : std::nullopt;
-    if (auto *slot = qobject_cast<StaticResizableImageView *>(view))
-        return slot->imageStickerJson ? slot->imageStickerJson->index : std::nullopt;
-    if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view))
-        return outlined->frameImageStickerJson ? outlined->frameImageStickerJson->index : std::nullopt;
-    return std::nullopt;
-}
-
 // The layers of the canvas, back to front, as "kind:index".
 QStringList stackOf(const EditorSession &session)
 {
     QStringList stack;
     for (View *view : session.viewMain->subviews()) {
-        const QString kind = kindOf(view);
-        if (!kind.isEmpty())
-            stack.append(kind + QLatin1Char(':') + QString::number(indexOf(view).value_or(0)));
+        if (const auto identity = LayerKinds::identify(view))
+            stack.append(
+                LayerKinds::name(identity->kind) + QLatin1Char(':') + QString::number(identity->index.value_or(0)));
     }
     return stack;
 }
@@ -90,8 +62,14 @@ public:
             pinch(step);
         else if (op == QLatin1String("rotate"))
             rotate(step);
+        else if (op == QLatin1String("scale"))
+            scale(step);
         else if (op == QLatin1String("opacity"))
             opacity(step);
+        else if (op == QLatin1String("letterSpacing"))
+            spacing(step, ToolSliders::Slider::LetterSpacing);
+        else if (op == QLatin1String("lineSpacing"))
+            spacing(step, ToolSliders::Slider::LineSpacing);
         else if (op == QLatin1String("close"))
             close(step);
         else if (op == QLatin1String("addText"))
@@ -147,7 +125,9 @@ private:
         if (match.hasMatch()) {
             const QList<View *> &views = m_session.viewMain->subviews();
             for (auto it = views.rbegin(); it != views.rend(); ++it) {
-                if (kindOf(*it) == match.captured(1) && indexOf(*it) == match.captured(2).toLongLong())
+                const auto identity = LayerKinds::identify(*it);
+                if (identity && LayerKinds::name(identity->kind) == match.captured(1)
+                    && identity->index == match.captured(2).toLongLong())
                     return *it;
             }
         }
@@ -183,35 +163,38 @@ private:
         view->twoFingerGesture(LayerView::Ended, scale, turn);
     }
 
-    // The rotation slider turns the layer; its release writes the angle and commits.
+    // The tool menus' sliders on the selected layer, each released at the end of the step.
     void rotate(const ordered_json &step)
     {
-        LayerView *view = gestureLayer(step);
-        view->rotate(qDegreesToRadians(number(step, "degrees")));
-        if (auto *sticker = qobject_cast<ResizableImageView *>(view)) {
-            if (sticker->stickerJson)
-                sticker->stickerJson->angle = sticker->zAngle;
-            sticker->updateStickerJson(sticker->stickerJson);
-        } else if (auto *text = qobject_cast<ResizableView *>(view)) {
-            if (text->textJson)
-                text->textJson->angle = text->zAngle;
-            text->updateTextJson(text->textJson);
-        }
+        gestureLayer(step);
+        m_session.sliders()->rotate(qDegreesToRadians(number(step, "degrees")));
+        m_session.sliders()->sliderDidEndSliding(ToolSliders::Slider::Rotation);
     }
 
-    // The opacity slider, 0 to 100, committed on release.
+    void scale(const ordered_json &step)
+    {
+        gestureLayer(step);
+        m_session.sliders()->beginScale();
+        m_session.sliders()->scale(number(step, "value"));
+        m_session.sliders()->sliderDidEndSliding(ToolSliders::Slider::Scale);
+    }
+
     void opacity(const ordered_json &step)
     {
-        LayerView *view = gestureLayer(step);
-        const double value = number(step, "value");
-        if (auto *sticker = qobject_cast<ResizableImageView *>(view)) {
-            sticker->contentImageView->setAlpha(value / 100.0);
-            sticker->storeOpacity();
-        } else if (auto *text = qobject_cast<ResizableView *>(view)) {
-            text->textView->textAlpha = value / 100.0;
-            text->textView->applyAlpha();
-            text->recordTextChange();
-        }
+        gestureLayer(step);
+        m_session.sliders()->setOpacity(number(step, "value"));
+        m_session.sliders()->sliderDidEndSliding(ToolSliders::Slider::Opacity);
+    }
+
+    void spacing(const ordered_json &step, ToolSliders::Slider slider)
+    {
+        if (!qobject_cast<ResizableView *>(gestureLayer(step)))
+            throw StepError { QStringLiteral("\"%1\" is no text").arg(text(step, "layer")) };
+        if (slider == ToolSliders::Slider::LetterSpacing)
+            m_session.sliders()->setLetterSpacing(number(step, "value"));
+        else
+            m_session.sliders()->setLineSpacing(number(step, "value"));
+        m_session.sliders()->sliderDidEndSliding(slider);
     }
 
     void close(const ordered_json &step)
@@ -326,7 +309,7 @@ int edit(const QStringList &args)
     if (!steps->is_array())
         return toolFail(QStringLiteral("%1 is not a JSON array of steps").arg(stepsPath));
 
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     EditImagePortraitMode session;
     session.setDesignStore(&store);
     session.setCanvasArea(QRectF(QPointF(0, 0), area));
@@ -350,7 +333,7 @@ int edit(const QStringList &args)
 
     ordered_json result = ordered_json::object();
     result["masterJson"] = session.documentDictionary();
-    result["undoCount"] = session.undoArray.size();
+    result["undoCount"] = session.undoArray().size();
     result["canUndo"] = session.canUndo();
     result["canRedo"] = session.canRedo();
     ordered_json stack = ordered_json::array();

@@ -3,6 +3,8 @@
 
 #include "editimageportraitmode.h"
 #include "mapper.h"
+#include "pictureencoding.h"
+#include "saveflow.h"
 #include "storeddesign.h"
 
 #include <QFile>
@@ -90,12 +92,14 @@ int render(const QStringList &args)
 
     if (session.masterJson->width.value_or(0) <= 0 || session.masterJson->height.value_or(0) <= 0)
         return toolFail(QStringLiteral("%1 has no width and height to render at").arg(options->path));
-    const QImage picture = session.render(options->hd);
+    const QImage picture = session.saving().render(options->hd);
     if (picture.isNull())
         return toolFail(QStringLiteral("the canvas could not be drawn at the design's size"));
 
+    // The same PNG as SAVE puts into the album.
+    const QByteArray data = PictureEncoding::png(picture);
     QSaveFile out(options->output);
-    if (!out.open(QIODevice::WriteOnly) || !picture.save(&out, "PNG") || !out.commit())
+    if (data.isEmpty() || !out.open(QIODevice::WriteOnly) || out.write(data) != data.size() || !out.commit())
         return toolFail(QStringLiteral("cannot write %1: %2").arg(options->output, out.errorString()));
     std::fprintf(stdout, "%s %dx%d\n", qPrintable(options->output), picture.width(), picture.height());
     return 0;

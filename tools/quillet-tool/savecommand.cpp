@@ -75,7 +75,7 @@ int save(const QStringList &args)
     if (!document)
         return toolFail(QStringLiteral("%1 is not a JSON object").arg(options->path));
 
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     Storyboard storyboard;
     EditorScreens::registerScreens(storyboard, PhotoAlbum::atFolder(options->album));
     NavigationController navigation;

@@ -43,7 +43,7 @@ int save(const QStringList &args)
     QFile file(*path);
     if (!file.open(QIODevice::ReadOnly))
         return toolFail(QStringLiteral("cannot read %1: %2").arg(*path, file.errorString()));
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     const std::optional<ObjectId> saved = store.saveDesign(QString::fromUtf8(file.readAll()), id, isVideo);
     if (!saved)
         return toolFail(QStringLiteral("the design was not saved"));
@@ -56,7 +56,7 @@ int list(const QStringList &args)
 {
     if (!args.isEmpty())
         return toolFail(usageText);
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     auto designs = nlohmann::ordered_json::array();
     for (const SavedDesign &design : store.savedDesigns()) {
         designs.push_back({ { "id", design.row.objectID.toString().toStdString() },
@@ -72,7 +72,7 @@ int remove(const QStringList &args)
 {
     if (args.size() != 1)
         return toolFail(usageText);
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     printLine(
         store.deleteDesign(ObjectId::fromString(args.first())) ? QStringLiteral("true") : QStringLiteral("false"));
     return 0;

@@ -49,18 +49,21 @@ void BorderedResizableImageView::tapGesture()
     }
 }
 
+void BorderedResizableImageView::storeOpacity()
+{
+    if (!frameImageStickerJson)
+        return;
+    frameImageStickerJson->opacity = contentImageView->alpha() * 100.0;
+    if (delegate)
+        delegate->slotDidUpdate(frameImageStickerJson);
+}
+
 void BorderedResizableImageView::setTag(qint64 tag)
 {
     View::setTag(tag);
     if (!frameImageStickerJson)
         frameImageStickerJson = std::make_shared<FrameImageStickerJson>();
-    const QRectF r = unrotatedFrame();
-    frameImageStickerJson->xPos = r.x();
-    frameImageStickerJson->yPos = r.y();
-    frameImageStickerJson->height = r.height() - buttonSize;
-    frameImageStickerJson->width = r.width() - buttonSize;
-    if (frameImageStickerJson->index.value_or(0) == 0)
-        frameImageStickerJson->index = tag;
+    writeFrame(*frameImageStickerJson, buttonSize, tag);
     if (delegate)
         delegate->slotDidAttach(frameImageStickerJson);
 }

@@ -33,6 +33,8 @@ public:
     /** Puts a picture in the slot, or empties it with a null picture. */
     void setPicture(const QImage &image);
     void tapGesture();
+    /** Writes the picture's alpha as `opacity` 0 to 100 and tells the editor. */
+    void storeOpacity();
     void setTag(qint64 tag) override;
 
 private:

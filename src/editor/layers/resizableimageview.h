@@ -49,6 +49,8 @@ public:
     void updateStickerJson(std::shared_ptr<StickerJson> json);
     /** The tag is the layer's document position: the record is written, numbered and attached. */
     void setTag(qint64 tag) override;
+    /** Keeps the bounds and the transform as the start of the next scale. */
+    void storeScalingState() override;
 
 protected:
     void didSelect() override;
@@ -59,7 +61,6 @@ protected:
     void finishPinch() override;
     void commitGeometry() override;
     void storeAngle() override;
-    void storeScalingState() override;
 
 private:
     void setupViews();

@@ -47,6 +47,12 @@ void ResizableView::textViewDidChangeShape(ResizableTextView *)
     resizeToFitText();
 }
 
+QRectF ResizableView::frameForTextAt(const QPointF &textCorner)
+{
+    const qreal offset = contentInset + TextLayoutEngine::margin;
+    return { textCorner - QPointF(offset, offset), buildSize };
+}
+
 void ResizableView::resizeToFitText()
 {
     const QSizeF fits = textView->sizeThatFits(QSizeF(maxWidth, std::numeric_limits<qreal>::max()));

@@ -31,6 +31,11 @@ public:
     /** Long lines wrap here; the editor sets the canvas width. */
     qreal maxWidth = std::numeric_limits<qreal>::max();
 
+    /** The size a text layer is made with, before it fits itself around its text. */
+    static constexpr QSizeF buildSize { 100.0, 100.0 };
+    /** The frame to make a layer with whose text's own top left corner is `textCorner`. */
+    [[nodiscard]] static QRectF frameForTextAt(const QPointF &textCorner);
+
     /** Sizes the layer around its text, wrapped at `maxWidth`. */
     void resizeToFitText();
     /** Keeps `json` as the record and writes the text's position and status 2 into it. */

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagestickerjson.h"
 #include "view.h"
 
 /**
@@ -15,8 +16,14 @@ public:
     qreal zAngle = 0;
     bool is_round = false;
 
+    /** Marks the picture to be clipped to a circle of half its height. */
+    void setRound(bool round);
     /** Turns the slot as loaded (radians) and remembers the angle. */
     void applyAngle(qreal radians);
     /** The frame as if it were not turned: the bounds' size about the centre. */
     [[nodiscard]] QRectF unrotatedFrame() const;
+
+protected:
+    /** Writes the record's frame (the unturned origin, the size less `margin`) and the tag as an absent index. */
+    void writeFrame(ImageStickerJson &record, qreal margin, qint64 tag) const;
 };

@@ -41,10 +41,9 @@ void StaticResizableImageView::hideControls()
     borderView->setHidden(true);
 }
 
-void StaticResizableImageView::setRound(bool round)
+void StaticResizableImageView::setPicture(const QImage &picture)
 {
-    is_round = round;
-    mainView->setClipsToBounds(true);
+    contentImageView->setImage(picture);
 }
 
 void StaticResizableImageView::setTag(qint64 tag)
@@ -52,19 +51,13 @@ void StaticResizableImageView::setTag(qint64 tag)
     View::setTag(tag);
     if (!imageStickerJson)
         imageStickerJson = std::make_shared<ImageStickerJson>();
-    const QRectF f = unrotatedFrame();
-    imageStickerJson->xPos = f.x();
-    imageStickerJson->yPos = f.y();
-    imageStickerJson->height = f.height() - buttonSize;
-    imageStickerJson->width = f.width() - buttonSize;
+    writeFrame(*imageStickerJson, buttonSize, tag);
     imageStickerJson->angle = zAngle;
     if (!contentImageView->image().isNull() && imageStickerJson->image_sticker_image.value_or(QString()).isEmpty()) {
         const QString name = PictureFile::write(contentImageView->image());
         if (!name.isEmpty())
             imageStickerJson->image_sticker_image = name;
     }
-    if (imageStickerJson->index.value_or(0) == 0)
-        imageStickerJson->index = tag;
     if (delegate)
         delegate->slotDidAttach(imageStickerJson);
 }

@@ -33,8 +33,8 @@ public:
     [[nodiscard]] bool isSelected() const { return !borderView->isHidden(); }
     void tapGesture();
     void hideControls();
-    /** Clips the picture to a circle of half the picture's height. */
-    void setRound(bool round);
+    /** The picture in the slot, filling it. */
+    void setPicture(const QImage &picture);
     /** Rewrites the record from the live slot and tells the editor it is attached. */
     void setTag(qint64 tag) override;
 };

@@ -12,6 +12,7 @@
 #include <QNetworkAccessManager>
 #include <QTest>
 
+#include <functional>
 #include <optional>
 
 /** An editor as the pickers see it: it keeps what they hand back and counts its returns to the top. */
@@ -37,14 +38,19 @@ public:
     int appearances = 0;
 };
 
-/** The pickers against the content server, over a fake editor at the root of a navigation stack. */
-class PickerFixture
+/**
+ * The pickers against the content server, over an editor at the root of a navigation stack: a fake one,
+ * or a real one that `prepare` sets up before it loads.
+ */
+template<class Editor = FakeEditor> class PickerFixture
 {
 public:
-    PickerFixture()
+    explicit PickerFixture(const std::function<void(Editor &)> &prepare = {})
         : client(&network, QUrl(server.apiBase()))
     {
         PickerScreens::registerScreens(storyboard, &client, { "FFFFFF", "#000000", "E05863" });
+        if (prepare)
+            prepare(*editor);
         navigation.setRoot(editor);
     }
 
@@ -66,5 +72,5 @@ public:
     ServerClient client;
     Storyboard storyboard;
     NavigationController navigation;
-    FakeEditor *const editor = new FakeEditor();
+    Editor *const editor = new Editor();
 };

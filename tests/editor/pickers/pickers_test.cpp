@@ -19,7 +19,7 @@ namespace {
 
 using State = CatalogScreen::LoadingState;
 
-class Pickers : public ::testing::Test, public PickerFixture
+class Pickers : public ::testing::Test, public PickerFixture<>
 {
 protected:
     void SetUp() override { ImageCache::shared().clearMemory(); }

@@ -18,7 +18,7 @@ Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
 
 namespace {
 
-class PickerView : public ::testing::Test, public PickerFixture
+class PickerView : public ::testing::Test, public PickerFixture<>
 {
 protected:
     std::unique_ptr<QObject> view(ViewController *vc)

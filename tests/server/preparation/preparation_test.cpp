@@ -2,6 +2,7 @@
 // fonts, its pictures, its failures, and the cache it falls back on.
 #include "alertmodel.h"
 #include "apppaths.h"
+#include "canvasbackground.h"
 #include "canvaspictures.h"
 #include "canvasrenderer.h"
 #include "designstore.h"
@@ -408,7 +409,7 @@ TEST_F(Preparation, AStockVideoMakesANewVideoDesignThatReopensWithItsLayers)
     EXPECT_FALSE(editor->masterJson->sample_image->isEmpty()); // a preview drawn at the load
 
     editor->addNewText(QStringLiteral("Over the video"), QStringLiteral("Montserrat-Bold"), std::nullopt);
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     const QList<SavedDesign> designs = store.savedDesigns();
     ASSERT_EQ(designs.size(), 1);
     EXPECT_TRUE(designs.first().row.is_video);
@@ -422,7 +423,7 @@ TEST_F(Preparation, AStoredVideoDesignOpensAgainInTheVideoEditor)
     App app(pack.apiBase());
     nlohmann::json json = document(1001, { text("LobsterTwo-BoldItalic") });
     json["is_Video"] = true;
-    DesignStore store(DesignStore::defaultPath(), stderr);
+    DesignStore store;
     const auto row = store.saveDesign(QString::fromStdString(json.dump()), std::nullopt, true);
     auto *screen = static_cast<ShowVideoSample *>(app.storyboard.instantiate(QStringLiteral("ShowVideoSample")));
     screen->reEditJson = readStoredDesign(store.allDesigns().first().jsonString);
@@ -513,7 +514,7 @@ TEST_F(Preparation, EditorLoadsPicturesTheCacheHasLostByAddressWithTheIndicator)
 
     ASSERT_TRUE(QTest::qWaitFor([editor] { return !pictureOnItsWay(editor->viewMain); }, 15000));
     EXPECT_FALSE(editor->fgImageView->image().isNull());
-    EXPECT_FALSE(editor->bgPatternImage.isNull());
+    EXPECT_FALSE(editor->background().bgPatternImage.isNull());
     const QList<QImage> pictures = picturesOf(editor->viewMain);
     EXPECT_GE(
         std::count_if(pictures.cbegin(), pictures.cend(), [](const QImage &picture) { return !picture.isNull(); }), 3)

@@ -73,10 +73,12 @@ TEST_F(EditorPickers, ACatalogBackgroundIsOneStepOfTheDocumentAndStored)
     ASSERT_TRUE(editor->masterJson);
     CatalogContentPage *page = catalogTab<BGContentCategoryPagerVC>(QStringLiteral("BGContentCategoryPagerVC"), 1);
     ASSERT_TRUE(page);
+    // The pager and its pages go once the picture reaches the editor.
+    const QString address = *page->itemsArray.at(2)->original_img;
     page->didSelectItem(2);
     ASSERT_TRUE(waitFor([this] { return backAtTheEditor(); }));
 
-    EXPECT_EQ(editor->bg_image_url, *page->itemsArray.at(2)->original_img);
+    EXPECT_EQ(editor->bg_image_url, address);
     EXPECT_EQ(editor->backgroundImageView->image().size(), QSize(1080, 1920));
     const auto background = editor->masterJson->background_json;
     ASSERT_TRUE(background);

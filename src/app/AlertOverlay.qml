@@ -21,10 +21,19 @@ Item {
         TapHandler { }
     }
 
+    // An alert sits in the middle; an action sheet rises from the bottom on a phone and hangs from the top
+    // on a tablet, below the status bar and one bar, where a popover would point from.
+    readonly property bool sheet: root.alert !== null && root.alert.actionSheet
+    readonly property bool tablet: Math.min(root.width, root.height) >= 600
+
     Rectangle {
         id: card
-        anchors.centerIn: parent
-        width: Math.min(parent.width - 2 * Theme.margin * 2, 300)
+        objectName: "alertCard"
+        x: (root.width - width) / 2
+        y: !root.sheet ? (root.height - height) / 2
+                       : root.tablet ? 20 + Theme.touchTarget
+                                     : root.height - height - Theme.margin
+        width: Math.min(parent.width - 2 * Theme.margin * 2, root.sheet ? 340 : 300)
         height: column.implicitHeight + 2 * Theme.margin
         radius: Theme.radius
         color: Theme.surface

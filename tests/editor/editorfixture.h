@@ -30,7 +30,7 @@ struct EditorFixture
         QDir().mkpath(home.filePath(QStringLiteral("resource")));
         QImage image(size, QImage::Format_ARGB32);
         image.fill(color);
-        const QString path = home.filePath(QStringLiteral("resource/") + name);
+        QString path = home.filePath(QStringLiteral("resource/") + name);
         image.save(path);
         return path;
     }

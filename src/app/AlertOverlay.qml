@@ -21,8 +21,9 @@ Item {
         TapHandler { }
     }
 
-    // An alert sits in the middle; an action sheet rises from the bottom on a phone and hangs from the top
-    // on a tablet, below the status bar and one bar, where a popover would point from.
+    // An alert sits in the middle. An action sheet rises from the bottom on a phone; on a tablet it stands
+    // in the middle as a popover would, or hangs from the top, below the status bar and one bar, when it
+    // asks to.
     readonly property bool sheet: root.alert !== null && root.alert.actionSheet
     readonly property bool tablet: Math.min(root.width, root.height) >= 600
 
@@ -31,8 +32,8 @@ Item {
         objectName: "alertCard"
         x: (root.width - width) / 2
         y: !root.sheet ? (root.height - height) / 2
-                       : root.tablet ? 20 + Theme.touchTarget
-                                     : root.height - height - Theme.margin
+                       : !root.tablet ? root.height - height - Theme.margin
+                                      : root.alert.anchoredAtTop ? 20 + Theme.touchTarget : (root.height - height) / 2
         width: Math.min(parent.width - 2 * Theme.margin * 2, root.sheet ? 340 : 300)
         height: column.implicitHeight + 2 * Theme.margin
         radius: Theme.radius

@@ -65,6 +65,7 @@ AlertModel *ImageSaveFlow::makeSizeChoice()
         return alert;
     }
     auto *sheet = new AlertModel(tr("Select option"), QString(), true);
+    sheet->setAnchoredAtTop(true);
     sheet->addAction(
         tr("Original (%1 × %2)").arg(sizeText(width), sizeText(height)), AlertModel::Style::Default, saveAt(false));
     sheet->addAction(

@@ -22,6 +22,8 @@ class AlertModel : public QObject
     Q_PROPERTY(QString cancelTitle READ cancelTitle CONSTANT)
     /** True for an action sheet, false for a centred alert. */
     Q_PROPERTY(bool actionSheet READ isActionSheet CONSTANT)
+    /** An action sheet that a tablet shows at the top of the screen, below the bar, not in the middle. */
+    Q_PROPERTY(bool anchoredAtTop READ isAnchoredAtTop CONSTANT)
     /** The placeholders of the text fields, one per field, in the order they were added. */
     Q_PROPERTY(QStringList textFieldPlaceholders READ textFieldPlaceholders NOTIFY textFieldsChanged)
     /** Per field, whether it takes digits only. */
@@ -39,12 +41,15 @@ public:
     /** Adds a text field; `numeric` asks for a number pad. Fields are added before the alert is presented. */
     AlertModel *addTextField(const QString &placeholder, bool numeric = false);
     void setActionEnabled(const QString &actionTitle, bool enabled);
+    /** Set before the alert is presented. */
+    void setAnchoredAtTop(bool top) { m_anchoredAtTop = top; }
 
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QString message() const { return m_message; }
     [[nodiscard]] QStringList actionTitles() const;
     [[nodiscard]] QString cancelTitle() const;
     [[nodiscard]] bool isActionSheet() const { return m_actionSheet; }
+    [[nodiscard]] bool isAnchoredAtTop() const { return m_anchoredAtTop; }
     [[nodiscard]] QStringList textFieldPlaceholders() const { return m_placeholders; }
     [[nodiscard]] QList<bool> textFieldNumeric() const { return m_numeric; }
     [[nodiscard]] QStringList textFieldTexts() const { return m_texts; }
@@ -79,6 +84,7 @@ private:
     QString m_title;
     QString m_message;
     bool m_actionSheet;
+    bool m_anchoredAtTop = false;
     QList<Action> m_actions;
     QStringList m_placeholders;
     QList<bool> m_numeric;

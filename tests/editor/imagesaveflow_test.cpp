@@ -108,6 +108,7 @@ TEST(ImageSaveFlowSizeChoice, OffersOriginalAndHDUpTo2048AndAsksBeyond)
     ASSERT_TRUE(sheet);
     EXPECT_EQ(sheet->title(), QStringLiteral("Select option"));
     EXPECT_TRUE(sheet->isActionSheet());
+    EXPECT_TRUE(sheet->isAnchoredAtTop()); // on a tablet, below the bar
     EXPECT_EQ(titlesOf(sheet.get()),
         QStringList({ QStringLiteral("Original (1080 × 1920)"), QStringLiteral("HD (2160 × 3840)"),
             QStringLiteral("Cancel") }));

@@ -2,6 +2,7 @@
 
 #include "editorsession.h"
 #include "imagepickertarget.h"
+#include "navigationcontroller.h"
 #include "picturefile.h"
 #include "picturesourcesheet.h"
 
@@ -21,7 +22,8 @@ bool SlotPictures::choosePictureFor(View *slot)
     NavigationController *navigation = m_session.navigationController();
     if (!m_storyboard || !navigation)
         return false;
-    return PictureSourceSheet::open(*m_storyboard, *navigation, ImagePickerTarget::selectedLayerTag, hasImage);
+    return PictureSourceSheet::open(*m_storyboard, *navigation, ImagePickerTarget::selectedLayerTag, hasImage)
+        != nullptr;
 }
 
 bool SlotPictures::place(View *slot, const QImage &picture)

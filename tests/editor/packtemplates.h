@@ -22,10 +22,11 @@ inline QString packDir()
     return QString::fromStdString(ContentServer::defaultContentDir().string());
 }
 
-/** Links the pack's pictures into the home; false when there is no pack. */
+/** Links the pack's pictures into the home in place of its empty resource/; false when there is no pack. */
 inline bool linkResources(const QString &home)
 {
     const QString pack = packDir();
+    QDir(home).rmdir(QStringLiteral("resource"));
     return !pack.isEmpty()
         && QFile::link(
             QDir(pack).filePath(QStringLiteral("resource")), QDir(home).filePath(QStringLiteral("resource")));

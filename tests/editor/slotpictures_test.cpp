@@ -13,6 +13,7 @@
 #include "storyboard.h"
 #include "testhome.h"
 
+#include <QCoreApplication>
 #include <QTest>
 #include <QUrl>
 
@@ -194,7 +195,7 @@ TEST(SlotPictures, TheOutlinedPictureMovesOnlyWhileActiveAndKeepsItsLimits)
     ASSERT_TRUE(slot->isActive());
     screen.editor->deselectAll();
     EXPECT_FALSE(slot->isActive());
-    EXPECT_EQ(screen.editor->selection.selectedBorderedImageView, nullptr);
+    EXPECT_TRUE(screen.editor->selection.selectedBorderedImageView.isNull());
 }
 
 TEST(SlotPictures, APictureSlotIsNeverPinchedBelowItsLoadedScale)

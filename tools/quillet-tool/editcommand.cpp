@@ -9,7 +9,6 @@
 #include "mapper.h"
 #include "resizableview.h"
 #include "saveflow.h"
-#include "slotpictures.h"
 #include "storeddesign.h"
 
 #include <QCoreApplication>

@@ -351,8 +351,8 @@ void EditorSession::replaceSelectedLayerImage(const QImage &image)
         picked = PickedSticker { image, true, true, kept.selected_sticker_id, kept.selected_sticker_catalog_id };
         takeStickerPicture();
         picked = kept;
+        Q_EMIT layersChanged();
     }
-    Q_EMIT layersChanged();
 }
 
 void EditorSession::setBackgroundImage(const QImage &image)

@@ -100,6 +100,14 @@ Page {
             height: root.vc.canvasFrame.height
             TapHandler { onTapped: root.vc.deselectAll(true) }
             Repeater {
+                model: root.vc.slotViews
+                delegate: SlotGestureArea {
+                    required property var modelData
+                    slotView: modelData
+                    canvasScale: 1
+                }
+            }
+            Repeater {
                 model: root.vc.layerViews
                 delegate: LayerGestureArea {
                     required property var modelData

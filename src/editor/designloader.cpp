@@ -175,8 +175,12 @@ template<class Kind> void DesignLoader::loadSlots(bool reEdit)
     for (const auto &record : *records) {
         if (!record || (!record->image_sticker_selected_image && !nonEmpty(record->image_sticker_image)))
             continue;
-        if constexpr (Kind::kind == LayerKind::OutlinedSlot)
+        if constexpr (Kind::kind == LayerKind::OutlinedSlot) {
             record->angleImage = 0.0;
+            // A template's sample photo there is the catalog preview's; the slot opens empty.
+            if (!reEdit)
+                record->pip_image.reset();
+        }
         QRectF frame = Kind::storedFrame(*record);
         if (!reEdit) {
             if (!record->image_sticker_selected_image)
@@ -185,9 +189,12 @@ template<class Kind> void DesignLoader::loadSlots(bool reEdit)
             toRadians(record->angle);
         }
         m_session.builder().addLayer(frame, record, true);
-        if constexpr (Kind::kind == LayerKind::OutlinedSlot)
+        if constexpr (Kind::kind == LayerKind::OutlinedSlot) {
             ++m_session.builder().imageLimit;
-        useSlotPicture(record->image_sticker_selected_image, record->image_sticker_image);
+            useSlotPicture(record->image_sticker_selected_image, record->pip_image);
+        } else {
+            useSlotPicture(record->image_sticker_selected_image, record->image_sticker_image);
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "editorsession.h"
 #include "imagesaveflow.h"
+#include "slotpictures.h"
 
 class Storyboard;
 
@@ -13,7 +14,11 @@ public:
     explicit EditImagePortraitMode(QObject *parent = nullptr);
 
     /** Where the screens that this editor opens come from. */
-    void setStoryboard(const Storyboard *storyboard) { m_saveFlow.setStoryboard(storyboard); }
+    void setStoryboard(const Storyboard *storyboard)
+    {
+        m_saveFlow.setStoryboard(storyboard);
+        slotPictures().setStoryboard(storyboard);
+    }
     [[nodiscard]] ImageSaveFlow &saveFlow() { return m_saveFlow; }
 
     /** The SAVE bar button: the size choice, then the picture, the store and the result screen. */

@@ -13,6 +13,7 @@
 #include "mapper.h"
 #include "navigationcontroller.h"
 #include "saveflow.h"
+#include "slotpictures.h"
 #include "stickersize.h"
 #include "toolsliders.h"
 
@@ -34,6 +35,7 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     , m_layerEvents(std::make_unique<LayerEvents>(*this))
     , m_builder(std::make_unique<LayerBuilder>(*this))
     , m_loader(std::make_unique<DesignLoader>(*this))
+    , m_slotPictures(std::make_unique<SlotPictures>(*this))
     , m_recorder(new UndoRecorder(masterJson, *this, this))
     , m_layerPanel(new LayerPanel(*this))
     , m_sliders(new ToolSliders(*this))
@@ -89,6 +91,16 @@ QList<QObject *> EditorSession::layerViews() const
             layers.append(view);
     }
     return layers;
+}
+
+QList<QObject *> EditorSession::slotViews() const
+{
+    QList<QObject *> found;
+    for (View *view : viewMain->subviews()) {
+        if (qobject_cast<SlotView *>(view))
+            found.append(view);
+    }
+    return found;
 }
 
 void EditorSession::setWorkAreaSize(qreal width, qreal height)
@@ -205,6 +217,10 @@ void EditorSession::deselectAll(bool changeBar)
 {
     Q_UNUSED(changeBar);
     selection.deselectAll();
+    for (View *view : viewMain->subviews()) {
+        if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view))
+            outlined->setActive(false);
+    }
 }
 
 nlohmann::ordered_json EditorSession::documentDictionary() const
@@ -308,6 +324,64 @@ void EditorSession::duplicateClicked()
 {
     m_builder->duplicateSelected();
     Q_EMIT layersChanged();
+}
+
+int EditorSession::imagePickerTag() const
+{
+    return m_slotPictures->imagePickerTag;
+}
+
+void EditorSession::setImagePickerTag(int tag)
+{
+    m_slotPictures->imagePickerTag = tag;
+}
+
+void EditorSession::keepBgOriginalFrame()
+{
+    m_slotPictures->bgOriginalFrame = backgroundImageView->frame();
+}
+
+void EditorSession::replaceSelectedLayerImage(const QImage &image)
+{
+    if (hasSelectedSlot()) {
+        replaceSelectedSlotImage(image);
+    } else if (selection.selectedIconImgView) {
+        // The user's own picture: it keeps its colours, and the catalog entry stays for later stickers.
+        const PickedSticker kept = picked;
+        picked = PickedSticker { image, true, true, kept.selected_sticker_id, kept.selected_sticker_catalog_id };
+        takeStickerPicture();
+        picked = kept;
+        Q_EMIT layersChanged();
+    }
+}
+
+void EditorSession::setBackgroundImage(const QImage &image)
+{
+    m_background->takePicture(image);
+}
+
+bool EditorSession::hasSelectedSlot() const
+{
+    return selection.selectedImageView || selection.selectedBorderedImageView;
+}
+
+void EditorSession::addSticker(const QImage &image)
+{
+    picked.selected_sticker_catalog_id.reset();
+    addNewSticker(image);
+}
+
+void EditorSession::replaceSelectedSlotImage(const QImage &image)
+{
+    View *slot = selection.selectedImageView ? static_cast<View *>(selection.selectedImageView.data())
+                                             : selection.selectedBorderedImageView.data();
+    m_slotPictures->place(slot, image);
+    Q_EMIT layersChanged();
+}
+
+void EditorSession::choosePictureFor(View *slot)
+{
+    m_slotPictures->choosePictureFor(slot);
 }
 
 bool EditorSession::canShowLayers() const

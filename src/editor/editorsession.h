@@ -1,5 +1,6 @@
 #pragma once
 
+#include "imagepickertarget.h"
 #include "json.h"
 #include "layerlistmodel.h"
 #include "layerselection.h"
@@ -29,6 +30,7 @@ class LayerBuilder;
 class LayerEvents;
 class LayerPanel;
 class SaveFlow;
+class SlotPictures;
 class View;
 
 /**
@@ -39,7 +41,11 @@ class View;
  * (UndoRecorder), the background (CanvasBackground), the layer panel (LayerPanel), the sliders of the
  * tools (ToolSliders) and the saves (SaveFlow).
  */
-class EditorSession : public ViewController, public TextEntryTarget, public PickerTarget, private ReplayCanvas
+class EditorSession : public ViewController,
+                      public TextEntryTarget,
+                      public PickerTarget,
+                      public ImagePickerTarget,
+                      private ReplayCanvas
 {
     Q_OBJECT
     /** The fitted canvas in the coordinates of the work area. */
@@ -49,6 +55,8 @@ class EditorSession : public ViewController, public TextEntryTarget, public Pick
     Q_PROPERTY(QObject *contentView READ contentView CONSTANT)
     /** The sticker and text layers, back to front, for their gesture items. */
     Q_PROPERTY(QList<QObject *> layerViews READ layerViews NOTIFY layersChanged)
+    /** The picture slots and outlined slots, back to front, for their gesture items. */
+    Q_PROPERTY(QList<QObject *> slotViews READ slotViews NOTIFY layersChanged)
     /** Why the design could not be opened; empty when it was. */
     Q_PROPERTY(QString errorString READ errorString NOTIFY loadFailed)
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY undoStateChanged)
@@ -114,6 +122,7 @@ public:
     [[nodiscard]] LayerPanel &layerPanel() { return *m_layerPanel; }
     [[nodiscard]] ToolSliders *sliders() const { return m_sliders; }
     [[nodiscard]] SaveFlow &saving() { return *m_saving; }
+    [[nodiscard]] SlotPictures &slotPictures() { return *m_slotPictures; }
     /** The delegate of every layer. */
     [[nodiscard]] LayerEvents *layerEvents() { return m_layerEvents.get(); }
 
@@ -122,6 +131,7 @@ public:
     [[nodiscard]] QRectF canvasFrame() const;
     [[nodiscard]] QObject *contentView() const;
     [[nodiscard]] QList<QObject *> layerViews() const;
+    [[nodiscard]] QList<QObject *> slotViews() const;
     /**
      * The screen reports the size of its work area; the first report opens the design, since the canvas
      * is fitted to it. Later reports change nothing: layers keep their canvas points.
@@ -175,6 +185,19 @@ public:
     [[nodiscard]] bool canDuplicate() const { return selection.hasTextOrSticker(); }
     Q_INVOKABLE void duplicateClicked();
 
+    // The picture sheet and the crop screen: the cut picture goes where `imagePickerTag` says.
+    [[nodiscard]] int imagePickerTag() const override;
+    void setImagePickerTag(int tag) override;
+    void keepBgOriginalFrame() override;
+    /** Tag 1: the selected slot takes the picture as one step; a selected sticker's picture is replaced. */
+    void replaceSelectedLayerImage(const QImage &image) override;
+    void setBackgroundImage(const QImage &image) override;
+    [[nodiscard]] bool hasSelectedSlot() const override;
+    void addSticker(const QImage &image) override;
+    void replaceSelectedSlotImage(const QImage &image) override;
+    /** The placeholder of an empty outlined slot, or the menu of a slot: the sheet for that slot. */
+    void choosePictureFor(View *slot);
+
     // The layer panel.
     [[nodiscard]] bool canShowLayers() const;
     [[nodiscard]] bool layersShown() const;
@@ -222,6 +245,7 @@ private:
     std::unique_ptr<LayerEvents> m_layerEvents;
     std::unique_ptr<LayerBuilder> m_builder;
     std::unique_ptr<DesignLoader> m_loader;
+    std::unique_ptr<SlotPictures> m_slotPictures;
     UndoRecorder *const m_recorder;
     LayerPanel *const m_layerPanel;
     ToolSliders *const m_sliders;

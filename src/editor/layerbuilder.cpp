@@ -29,17 +29,28 @@ typename Kind::Layer *LayerBuilder::addSlot(
     m_session.deselectAll();
     auto *slot = new typename Kind::Layer(frame);
     slot->delegate = m_session.layerEvents();
+    Kind::recordOf(*slot) = record;
+    // An outlined slot's own picture is its mask; the user's photo in it is named by `pip_image`.
+    std::optional<QString> pictureName = record->image_sticker_image;
+    if constexpr (Kind::kind == LayerKind::OutlinedSlot) {
+        pictureName = record->pip_image;
+        if (DesignPictures::nonEmpty(record->image_sticker_image))
+            DesignPictures::show(m_session.masterJson.get(), *record->image_sticker_image, slot,
+                [slot](const QImage &mask) { slot->setMask(mask); });
+    }
+    const auto showPicture = [slot](const QImage &picture) {
+        slot->setPicture(picture);
+        slot->applyRecordGeometry();
+    };
     if (record->image_sticker_selected_image)
-        slot->setPicture(*record->image_sticker_selected_image);
-    else if (DesignPictures::nonEmpty(record->image_sticker_image))
-        DesignPictures::show(m_session.masterJson.get(), *record->image_sticker_image, slot,
-            [slot](const QImage &picture) { slot->setPicture(picture); });
+        showPicture(*record->image_sticker_selected_image);
+    else if (DesignPictures::nonEmpty(pictureName))
+        DesignPictures::show(m_session.masterJson.get(), *pictureName, slot, showPicture);
     insert(slot);
     if (record->angle)
         slot->applyAngle(*record->angle);
     if (record->is_round.value_or(false))
         slot->setRound(true);
-    Kind::recordOf(*slot) = record;
     if (isLoading)
         LayerFlash::flash(slot);
     slot->setTag(counters.of<Kind>()++);

@@ -11,6 +11,11 @@ void LayerEvents::select(View *layer)
 {
     m_session.deselectAll();
     m_session.selection.select(layer);
+    // Only the outlined slot just tapped may stay active.
+    for (View *view : m_session.viewMain->subviews()) {
+        if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view); outlined && outlined != layer)
+            outlined->setActive(false);
+    }
     Q_EMIT m_session.layersChanged();
 }
 
@@ -142,4 +147,9 @@ void LayerEvents::slotDidAttach(const std::shared_ptr<ImageStickerJson> &record)
 void LayerEvents::slotDidAttach(const std::shared_ptr<FrameImageStickerJson> &record)
 {
     m_session.recorder().recordAdded(record);
+}
+
+void LayerEvents::slotDidAskForPicture(View *slot)
+{
+    m_session.choosePictureFor(slot);
 }

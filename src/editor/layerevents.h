@@ -45,6 +45,7 @@ public:
     void slotDidClose(View *slot) override;
     void slotDidAttach(const std::shared_ptr<ImageStickerJson> &record) override;
     void slotDidAttach(const std::shared_ptr<FrameImageStickerJson> &record) override;
+    void slotDidAskForPicture(View *slot) override;
 
 private:
     void select(View *layer);

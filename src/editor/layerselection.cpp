@@ -9,7 +9,7 @@ void LayerSelection::deselectAll()
     if (selectedImageView)
         selectedImageView->hideControls();
     if (selectedBorderedImageView)
-        selectedBorderedImageView->isActive = false;
+        selectedBorderedImageView->setActive(false);
     *this = {};
 }
 

@@ -68,7 +68,7 @@ QSize SaveFlow::prepareCanvas(bool isHD)
         } else if (auto *slot = qobject_cast<StaticResizableImageView *>(view)) {
             slot->borderView->setHidden(true);
         } else if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view)) {
-            outlined->isActive = false;
+            outlined->setActive(false);
             // An empty outlined slot shows a placeholder that is no part of the design.
             if (outlined->isNotImage() && !outlined->isHidden()) {
                 outlined->setHidden(true);

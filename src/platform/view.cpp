@@ -216,3 +216,8 @@ void View::paintContent(QPainter &painter) const
 {
     Q_UNUSED(painter);
 }
+
+void View::clip(QPainter &painter) const
+{
+    painter.setClipRect(m_bounds, Qt::IntersectClip);
+}

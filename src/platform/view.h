@@ -94,6 +94,8 @@ public:
     [[nodiscard]] virtual bool hasCostlyContent() const { return false; }
     /** Where in this view's coordinates the content may draw: the bounds, unless a shadow or glyphs reach out. */
     [[nodiscard]] virtual QRectF paintExtent() const { return m_bounds; }
+    /** Limits the painter to this view's area when it clips to bounds; a shaped view narrows it further. */
+    virtual void clip(QPainter &painter) const;
 
 Q_SIGNALS:
     /** Something that affects drawing changed: geometry, alpha, visibility, stacking or content. */

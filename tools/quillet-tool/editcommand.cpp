@@ -8,8 +8,10 @@
 #include "layerkinds.h"
 #include "mapper.h"
 #include "resizableview.h"
+#include "saveflow.h"
 #include "storeddesign.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QFile>
 #include <QImage>
@@ -80,6 +82,16 @@ public:
             duplicate(step);
         else if (op == QLatin1String("reorder"))
             reorder(step);
+        else if (op == QLatin1String("placeImage"))
+            placeImage(step);
+        else if (op == QLatin1String("slotPan"))
+            slotPan(step);
+        else if (op == QLatin1String("slotPinch"))
+            slotPinch(step);
+        else if (op == QLatin1String("slotTurn"))
+            slotTurn(step);
+        else if (op == QLatin1String("slotReset"))
+            slotReset(step);
         else if (op == QLatin1String("undo"))
             m_session.undo();
         else if (op == QLatin1String("redo"))
@@ -205,14 +217,83 @@ private:
         view->buttonTapGesture();
     }
 
-    void addSticker(const ordered_json &step)
+    static QImage picture(const ordered_json &step)
     {
         const QString path = text(step, "image");
-        const QImage picture(path);
-        if (picture.isNull())
+        const QImage image(path);
+        if (image.isNull())
             throw StepError { QStringLiteral("cannot read the picture %1").arg(path) };
-        m_session.addNewSticker(picture);
+        return image;
     }
+
+    // A picture slot or an outlined slot, named "slot:INDEX" or "outlined:INDEX".
+    SlotView *slotLayer(const ordered_json &step) const
+    {
+        auto *slot = qobject_cast<SlotView *>(layer(step));
+        if (!slot)
+            throw StepError { QStringLiteral("\"%1\" is no slot").arg(text(step, "layer")) };
+        return slot;
+    }
+
+    // The picture as the crop screen hands it back for the slot's placeholder or its menu: the sheet's tag
+    // for the selected layer, with the slot selected.
+    void placeImage(const ordered_json &step)
+    {
+        SlotView *slot = slotLayer(step);
+        const QImage image = picture(step);
+        m_session.deselectAll();
+        m_session.selection.select(slot);
+        m_session.setImagePickerTag(ImagePickerTarget::selectedLayerTag);
+        m_session.replaceSelectedLayerImage(image);
+    }
+
+    // A gesture on the picture inside a slot, which is tapped first, as the user does, when it does not take
+    // gestures yet; one change at the gesture's end.
+    SlotView *gestureSlot(const ordered_json &step) const
+    {
+        SlotView *slot = slotLayer(step);
+        if (slot->isEmpty())
+            throw StepError { QStringLiteral("\"%1\" holds no picture").arg(text(step, "layer")) };
+        if (!slot->takesGestures())
+            slot->tapGesture();
+        return slot;
+    }
+
+    void slotPan(const ordered_json &step)
+    {
+        SlotView *slot = gestureSlot(step);
+        slot->panGesture(SlotView::Began, QPointF());
+        slot->panGesture(SlotView::Changed, QPointF(number(step, "dx"), number(step, "dy")));
+        slot->panGesture(SlotView::Ended, QPointF());
+    }
+
+    void slotPinch(const ordered_json &step)
+    {
+        SlotView *slot = gestureSlot(step);
+        slot->pinchGesture(SlotView::Began, 1.0);
+        slot->pinchGesture(SlotView::Changed, number(step, "scale"));
+        // A picture slot's step lands on the next turn of the event loop, before the fingers lift.
+        QCoreApplication::processEvents();
+        slot->pinchGesture(SlotView::Ended, 1.0);
+    }
+
+    void slotTurn(const ordered_json &step)
+    {
+        SlotView *slot = gestureSlot(step);
+        slot->rotateGesture(SlotView::Began, 0.0);
+        slot->rotateGesture(SlotView::Changed, qDegreesToRadians(number(step, "degrees")));
+        slot->rotateGesture(SlotView::Ended, 0.0);
+    }
+
+    void slotReset(const ordered_json &step)
+    {
+        auto *outlined = qobject_cast<BorderedResizableImageView *>(slotLayer(step));
+        if (!outlined)
+            throw StepError { QStringLiteral("only an outlined slot takes a double tap") };
+        outlined->doubleTapGesture();
+    }
+
+    void addSticker(const ordered_json &step) { m_session.addNewSticker(picture(step)); }
 
     void duplicate(const ordered_json &step)
     {
@@ -269,18 +350,25 @@ std::optional<ordered_json> readJson(const QString &path, QString *error)
     return json;
 }
 
-// edit FILE --area WxH --steps STEPS.json [--reedit]
+// edit FILE --area WxH --steps STEPS.json [--reedit] [-o OUT.png [--hd]]
 int edit(const QStringList &args)
 {
-    const QString usage = QStringLiteral("usage: edit FILE --area WxH --steps STEPS.json [--reedit]");
+    const QString usage
+        = QStringLiteral("usage: edit FILE --area WxH --steps STEPS.json [--reedit] [-o OUT.png [--hd]]");
     QString path;
     QString stepsPath;
+    QString outPath;
     QSizeF area;
     bool reEdit = false;
+    bool isHD = false;
     for (qsizetype i = 0; i < args.size(); ++i) {
         const QString &arg = args.at(i);
         if (arg == QLatin1String("--reedit")) {
             reEdit = true;
+        } else if (arg == QLatin1String("--hd")) {
+            isHD = true;
+        } else if (arg == QLatin1String("-o") && i + 1 < args.size()) {
+            outPath = args.at(++i);
         } else if (arg == QLatin1String("--area") && i + 1 < args.size()) {
             const auto match
                 = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$")).match(args.at(++i));
@@ -295,7 +383,7 @@ int edit(const QStringList &args)
             return toolFail(usage);
         }
     }
-    if (path.isEmpty() || stepsPath.isEmpty() || area.isEmpty())
+    if (path.isEmpty() || stepsPath.isEmpty() || area.isEmpty() || (isHD && outPath.isEmpty()))
         return toolFail(usage);
     QString error;
     const std::optional<ordered_json> document = readJson(path, &error);
@@ -331,6 +419,10 @@ int edit(const QStringList &args)
         }
     }
 
+    // Placed photos live in memory until a save: the canvas is drawn as a save draws it.
+    if (!outPath.isEmpty() && !session.saving().render(isHD).save(outPath, "PNG"))
+        return toolFail(QStringLiteral("cannot write %1").arg(outPath));
+
     ordered_json result = ordered_json::object();
     result["masterJson"] = session.documentDictionary();
     result["undoCount"] = session.undoArray().size();
@@ -344,6 +436,6 @@ int edit(const QStringList &args)
     return 0;
 }
 
-const ToolCommand command("edit", "edit FILE --area WxH --steps STEPS.json [--reedit]", edit);
+const ToolCommand command("edit", "edit FILE --area WxH --steps STEPS.json [--reedit] [-o OUT.png [--hd]]", edit);
 
 } // namespace

@@ -57,7 +57,7 @@ void drawRaster(QPainter &painter, const Raster &raster, const QPoint &bandOrigi
 void paintOwn(QPainter &painter, const View &view, const Pass &pass)
 {
     if (view.clipsToBounds())
-        painter.setClipRect(view.bounds(), Qt::IntersectClip);
+        view.clip(painter);
     const QColor background = view.backgroundColor();
     if (background.isValid() && background.alpha() > 0)
         painter.fillRect(view.bounds(), background);

@@ -6,7 +6,8 @@ class View;
 
 /**
  * What a picture slot tells the editor, in the order of its table: select, deselect, will close,
- * update (after each commit, with the record), did close, attached (at setTag:).
+ * update (after each commit, with the record), did close, attached (at setTag:); then the placeholder's
+ * tap, by which an empty slot asks for a picture.
  */
 template<class Record> class SlotDelegate
 {
@@ -18,4 +19,5 @@ public:
     virtual void slotDidUpdate(const std::shared_ptr<Record> &record) = 0;
     virtual void slotDidClose(View *slot) = 0;
     virtual void slotDidAttach(const std::shared_ptr<Record> &record) = 0;
+    virtual void slotDidAskForPicture(View *slot) = 0;
 };

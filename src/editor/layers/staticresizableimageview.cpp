@@ -1,6 +1,9 @@
 #include "staticresizableimageview.h"
 
+#include "layergeometry.h"
 #include "picturefile.h"
+
+#include <cmath>
 
 StaticResizableImageView::StaticResizableImageView(const QRectF &frame, QObject *parent)
     : SlotView(frame, parent)
@@ -13,10 +16,8 @@ StaticResizableImageView::StaticResizableImageView(const QRectF &frame, QObject 
     borderView->setClipsToBounds(true);
     borderView->setHidden(true);
     addSubview(borderView);
-    mainView = new View(QRectF(contentInset, contentInset, borderView->frame().width() - buttonSize,
+    mainView = new SlotMainView(QRectF(contentInset, contentInset, borderView->frame().width() - buttonSize,
         borderView->frame().height() - buttonSize));
-    mainView->setAutoresizingMask(FlexibleAll);
-    mainView->setClipsToBounds(true);
     addSubview(mainView);
     contentImageView = new ImageView(QRectF(QPointF(0, 0), mainView->bounds().size()));
     contentImageView->setContentMode(ImageView::ContentMode::ScaleAspectFill);
@@ -43,7 +44,74 @@ void StaticResizableImageView::hideControls()
 
 void StaticResizableImageView::setPicture(const QImage &picture)
 {
+    contentImageView->setTransform(QTransform());
+    contentImageView->setFrame(QRectF(QPointF(0, 0), mainView->bounds().size()));
     contentImageView->setImage(picture);
+}
+
+void StaticResizableImageView::applyRecordGeometry()
+{
+    if (!imageStickerJson)
+        return;
+    if (imageStickerJson->centerX && imageStickerJson->centerY)
+        contentImageView->setCenter(QPointF(*imageStickerJson->centerX, *imageStickerJson->centerY));
+    if (const qreal scale = imageStickerJson->zScale.value_or(1); scale > 1)
+        contentImageView->setTransform(QTransform::fromScale(scale, scale));
+}
+
+void StaticResizableImageView::panGesture(GesturePhase phase, const QPointF &translation)
+{
+    if (!isSelected())
+        return;
+    if (phase == Changed)
+        contentImageView->setCenter(contentImageView->center() + translation);
+    else if (phase == Ended)
+        commitPicture();
+}
+
+void StaticResizableImageView::pinchGesture(GesturePhase phase, qreal scale)
+{
+    if (!isSelected())
+        return;
+    if (phase != Changed) {
+        currentBounds = contentImageView->bounds();
+        if (phase == Ended)
+            commitPicture();
+        return;
+    }
+    if (QTransform(contentImageView->transform()).scale(scale, scale).m11() < 1.0)
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, scale] {
+            contentImageView->setTransform(QTransform(contentImageView->transform()).scale(scale, scale));
+            if (scale > 1.0)
+                zScale = scale;
+        },
+        Qt::QueuedConnection);
+}
+
+void StaticResizableImageView::rotateGesture(GesturePhase phase, qreal radians)
+{
+    if (!isSelected())
+        return;
+    if (phase == Changed)
+        contentImageView->setTransform(QTransform(contentImageView->transform()).rotateRadians(radians));
+    else if (phase == Ended)
+        zAngle = LayerGeometry::zAngle(contentImageView->transform());
+}
+
+void StaticResizableImageView::commitPicture()
+{
+    if (!imageStickerJson)
+        return;
+    const QTransform t = contentImageView->transform();
+    imageStickerJson->centerX = contentImageView->center().x();
+    imageStickerJson->centerY = contentImageView->center().y();
+    imageStickerJson->zScale = std::sqrt(std::abs(t.determinant()));
+    imageStickerJson->status = 2;
+    if (delegate)
+        delegate->slotDidUpdate(imageStickerJson);
 }
 
 void StaticResizableImageView::setTag(qint64 tag)
@@ -53,7 +121,7 @@ void StaticResizableImageView::setTag(qint64 tag)
         imageStickerJson = std::make_shared<ImageStickerJson>();
     writeFrame(*imageStickerJson, buttonSize, tag);
     imageStickerJson->angle = zAngle;
-    if (!contentImageView->image().isNull() && imageStickerJson->image_sticker_image.value_or(QString()).isEmpty()) {
+    if (hasPicture() && imageStickerJson->image_sticker_image.value_or(QString()).isEmpty()) {
         const QString name = PictureFile::write(contentImageView->image());
         if (!name.isEmpty())
             imageStickerJson->image_sticker_image = name;

@@ -207,10 +207,12 @@ void BorderedResizableImageView::applyRecordGeometry()
         frame.moveLeft(*record->xPosImage);
     if (record->yPosImage)
         frame.moveTop(*record->yPosImage);
+    // The write-back stores the picture's size without the button margin; it comes back with it, so that
+    // storing and reading again keep the size.
     if (record->widthImage)
-        frame.setWidth(*record->widthImage);
+        frame.setWidth(*record->widthImage + buttonSize);
     if (record->heightImage)
-        frame.setHeight(*record->heightImage);
+        frame.setHeight(*record->heightImage + buttonSize);
     contentImageView->setFrame(frame);
     if (record->angleImage)
         setImageRotation(*record->angleImage);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backgroundtools.h"
 #include "json.h"
 #include "layerlistmodel.h"
 #include "layerselection.h"
@@ -62,6 +63,8 @@ class EditorSession : public ViewController, public TextEntryTarget, public Pick
     Q_PROPERTY(LayerListModel *layerModel READ layerModel CONSTANT)
     /** The sliders of the tool menus. */
     Q_PROPERTY(ToolSliders *sliders READ sliders CONSTANT)
+    /** The flips, filters and adjustments of the background picture. */
+    Q_PROPERTY(BackgroundTools *backgroundTools READ backgroundTools CONSTANT)
 public:
     /** `className` names the editor in its log lines. */
     explicit EditorSession(const char *className, QObject *parent = nullptr);
@@ -113,6 +116,7 @@ public:
     [[nodiscard]] UndoRecorder &recorder() { return *m_recorder; }
     [[nodiscard]] LayerPanel &layerPanel() { return *m_layerPanel; }
     [[nodiscard]] ToolSliders *sliders() const { return m_sliders; }
+    [[nodiscard]] BackgroundTools *backgroundTools() const { return m_backgroundTools; }
     [[nodiscard]] SaveFlow &saving() { return *m_saving; }
     /** The delegate of every layer. */
     [[nodiscard]] LayerEvents *layerEvents() { return m_layerEvents.get(); }
@@ -225,5 +229,6 @@ private:
     UndoRecorder *const m_recorder;
     LayerPanel *const m_layerPanel;
     ToolSliders *const m_sliders;
+    BackgroundTools *const m_backgroundTools;
     SaveFlow *const m_saving;
 };

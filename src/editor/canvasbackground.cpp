@@ -5,9 +5,27 @@
 #include "editorsession.h"
 #include "hexcolor.h"
 #include "picturefile.h"
+#include "saveflow.h"
 #include "undorecorder.h"
 
 using DesignPictures::nonEmpty;
+
+namespace {
+
+QImage oriented(const QImage &picture, CanvasBackground::Orientation orientation)
+{
+    switch (orientation) {
+    case CanvasBackground::Orientation::UpMirrored:
+        return picture.mirrored(true, false);
+    case CanvasBackground::Orientation::Down:
+        return picture.mirrored(true, true);
+    case CanvasBackground::Orientation::Up:
+        break;
+    }
+    return picture;
+}
+
+} // namespace
 
 CanvasBackground::CanvasBackground(EditorSession &session)
     : m_session(session)
@@ -20,7 +38,9 @@ void CanvasBackground::apply(std::shared_ptr<BackgroundJson> record)
     BackgroundImageView *view = m_session.backgroundImageView;
     view->backgroundJson = record;
     view->clearBackground();
+    showPicture(QImage());
     bgGradientArray.clear();
+    bgPatternImage = QImage();
     defaultBgColor.reset();
     if (!record)
         return;
@@ -49,7 +69,7 @@ void CanvasBackground::apply(std::shared_ptr<BackgroundJson> record)
         DesignPictures::show(document, *record->background_image, view, [this, view, record](const QImage &picture) {
             if (view->backgroundJson != record)
                 return;
-            view->setImage(picture);
+            showPicture(picture);
             editedImage = defaultBgImage = croppedImage = croppedOriginalImage = picture;
         });
     }
@@ -57,14 +77,13 @@ void CanvasBackground::apply(std::shared_ptr<BackgroundJson> record)
 
 void CanvasBackground::usePicture(const QImage &picture)
 {
-    BackgroundImageView *view = m_session.backgroundImageView;
-    view->setImage(picture);
+    showPicture(picture);
     defaultBgColor.reset();
     defaultBgImage = picture;
     editedImage = picture;
     croppedImage = picture;
     croppedOriginalImage = picture.copy();
-    view->setContentMode(ImageView::ContentMode::ScaleAspectFill);
+    m_session.backgroundImageView->setContentMode(ImageView::ContentMode::ScaleAspectFill);
 }
 
 void CanvasBackground::clearForNewKind()
@@ -73,6 +92,14 @@ void CanvasBackground::clearForNewKind()
     bgPatternImage = QImage();
     defaultBgColor.reset();
     m_session.backgroundImageView->clearBackground();
+    showPicture(QImage());
+}
+
+void CanvasBackground::showPicture(const QImage &picture)
+{
+    m_session.backgroundImageView->setImage(picture);
+    m_unflipped = picture;
+    m_orientation = Orientation::Up;
 }
 
 void CanvasBackground::record(const std::function<void(BackgroundJson &record)> &fill)
@@ -86,14 +113,29 @@ void CanvasBackground::record(const std::function<void(BackgroundJson &record)> 
     m_session.recorder().recordBackground(record);
 }
 
+void CanvasBackground::storeBackgroundImage()
+{
+    const QImage picture = m_session.backgroundImageView->image();
+    if (picture.isNull())
+        return;
+    const QString file = PictureFile::write(picture);
+    if (!file.isEmpty())
+        record([&file](BackgroundJson &record) { record.background_image = file; });
+}
+
+void CanvasBackground::storeBackgroundColor()
+{
+    const QColor colour = m_session.backgroundImageView->backgroundColor();
+    const bool shown = colour.isValid() && colour.alpha() > 0;
+    record([&](BackgroundJson &record) { record.background_color = shown ? HexColor::toString(colour) : QString(); });
+}
+
 void CanvasBackground::takePicture(const QImage &picture)
 {
     clearForNewKind();
     croppedImage = editedImage = croppedOriginalImage = defaultBgImage = picture;
-    m_session.backgroundImageView->setImage(picture);
-    const QString file = PictureFile::write(picture);
-    if (!file.isEmpty())
-        record([&file](BackgroundJson &record) { record.background_image = file; });
+    showPicture(picture);
+    storeBackgroundImage();
 }
 
 void CanvasBackground::takeColour(const std::optional<QColor> &colour)
@@ -101,10 +143,68 @@ void CanvasBackground::takeColour(const std::optional<QColor> &colour)
     clearForNewKind();
     croppedImage = editedImage = croppedOriginalImage = defaultBgImage = QImage();
     BackgroundImageView *view = m_session.backgroundImageView;
-    view->setImage(QImage());
+    if (bgOriginalFrame && bgOriginalFrame->height() > 0)
+        view->setFrame(*bgOriginalFrame);
     view->setBackgroundColor(colour.value_or(QColor(Qt::transparent)));
     defaultBgColor = colour;
-    // A transparent background stores the empty string.
-    record([&colour](
-               BackgroundJson &record) { record.background_color = colour ? HexColor::toString(*colour) : QString(); });
+    storeBackgroundColor();
+}
+
+void CanvasBackground::takePattern(const QImage &tile)
+{
+    if (tile.isNull())
+        return;
+    clearForNewKind();
+    croppedImage = editedImage = croppedOriginalImage = defaultBgImage = QImage();
+    bgPatternImage = tile;
+    m_session.backgroundImageView->setPatternColor(tile);
+    const QString file = PictureFile::write(tile);
+    if (!file.isEmpty())
+        record([&file](BackgroundJson &record) { record.texture_image = file; });
+}
+
+void CanvasBackground::takeFrame(const QImage &picture)
+{
+    Json *document = m_session.masterJson.get();
+    if (!document || picture.isNull())
+        return;
+    const QString file = PictureFile::write(picture);
+    if (file.isEmpty())
+        return;
+    m_session.fgImageView->setImage(picture);
+    if (!document->frame_json)
+        document->frame_json = std::make_shared<FrameJson>();
+    document->frame_json->frame_image = file;
+    m_session.saving().automaticSave();
+}
+
+void CanvasBackground::flip(int row)
+{
+    if (m_unflipped.isNull() || (row != 0 && row != 1))
+        return;
+    if (row == 0)
+        m_orientation = m_orientation == Orientation::Up ? Orientation::UpMirrored : Orientation::Up;
+    else
+        m_orientation = m_orientation == Orientation::Down ? Orientation::Up : Orientation::Down;
+    const QImage picture = oriented(m_unflipped, m_orientation);
+    m_session.backgroundImageView->setImage(picture);
+    defaultBgImage = editedImage = croppedOriginalImage = picture;
+    storeBackgroundImage();
+}
+
+void CanvasBackground::takeFiltered(const QImage &picture)
+{
+    if (picture.isNull())
+        return;
+    showPicture(picture);
+    defaultBgImage = editedImage = croppedOriginalImage = picture;
+    storeBackgroundImage();
+}
+
+void CanvasBackground::showAdjusted(const QImage &picture)
+{
+    if (picture.isNull())
+        return;
+    showPicture(picture);
+    defaultBgImage = picture;
 }

@@ -95,6 +95,7 @@ void DesignLoader::fitCanvas(std::optional<double> width, std::optional<double> 
     m_session.gridView->setFrame(canvas->bounds());
     m_session.mainView->setFrame(canvas->frame());
     m_session.imageViewFrame = m_session.backgroundImageView->frame();
+    m_session.background().bgOriginalFrame = m_session.backgroundImageView->frame();
     Q_EMIT m_session.canvasChanged();
 }
 

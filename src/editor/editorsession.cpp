@@ -39,6 +39,7 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     , m_recorder(new UndoRecorder(masterJson, *this, this))
     , m_layerPanel(new LayerPanel(*this))
     , m_sliders(new ToolSliders(*this))
+    , m_backgroundTools(new BackgroundTools(*this))
     , m_saving(new SaveFlow(*this))
 {
     mainView->setImage(AppAssets::image(QStringLiteral("img_transperent_bg_bright")));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backgroundtools.h"
 #include "imagepickertarget.h"
 #include "json.h"
 #include "layerlistmodel.h"
@@ -70,6 +71,8 @@ class EditorSession : public ViewController,
     Q_PROPERTY(LayerListModel *layerModel READ layerModel CONSTANT)
     /** The sliders of the tool menus. */
     Q_PROPERTY(ToolSliders *sliders READ sliders CONSTANT)
+    /** The flips, filters and adjustments of the background picture. */
+    Q_PROPERTY(BackgroundTools *backgroundTools READ backgroundTools CONSTANT)
 public:
     /** `className` names the editor in its log lines. */
     explicit EditorSession(const char *className, QObject *parent = nullptr);
@@ -121,6 +124,7 @@ public:
     [[nodiscard]] UndoRecorder &recorder() { return *m_recorder; }
     [[nodiscard]] LayerPanel &layerPanel() { return *m_layerPanel; }
     [[nodiscard]] ToolSliders *sliders() const { return m_sliders; }
+    [[nodiscard]] BackgroundTools *backgroundTools() const { return m_backgroundTools; }
     [[nodiscard]] SaveFlow &saving() { return *m_saving; }
     [[nodiscard]] SlotPictures &slotPictures() { return *m_slotPictures; }
     /** The delegate of every layer. */
@@ -249,5 +253,6 @@ private:
     UndoRecorder *const m_recorder;
     LayerPanel *const m_layerPanel;
     ToolSliders *const m_sliders;
+    BackgroundTools *const m_backgroundTools;
     SaveFlow *const m_saving;
 };

@@ -141,7 +141,10 @@ void UndoRecorder::removeContent(nlohmann::ordered_json content)
     const std::shared_ptr<Json> previous = Mapper::map<Json>(m_undoArray.last());
     if (!previous)
         return;
-    previous->changed_background_json = current->changed_background_json ? previous->background_json : nullptr;
+    // A step that gave a background to a document without one goes back to an empty record: clear.
+    if (current->changed_background_json)
+        previous->changed_background_json
+            = previous->background_json ? previous->background_json : std::make_shared<BackgroundJson>();
     LayerKinds::forEach([&](auto kind) { markTouched<decltype(kind)>(*previous, *current); });
     applyDocument(previous, true);
 }
@@ -157,6 +160,9 @@ void UndoRecorder::addContent(nlohmann::ordered_json content)
 
 void UndoRecorder::applyDocument(const std::shared_ptr<Json> &json, bool isUndo)
 {
+    // The frame is no step of the history: a replay keeps the frame shown now.
+    if (m_document)
+        json->frame_json = m_document->frame_json;
     m_document = json;
     // The whole delta is read first: a layer made below attaches and empties it, and the document
     // rests, and is stored, without it.

@@ -2,11 +2,13 @@
 #include "toolcommand.h"
 
 #include "alertmodel.h"
+#include "canvasbackground.h"
 #include "designstore.h"
 #include "editimageportraitmode.h"
 #include "hexcolor.h"
 #include "layerkinds.h"
 #include "mapper.h"
+#include "photofilters.h"
 #include "resizableview.h"
 #include "saveflow.h"
 #include "storeddesign.h"
@@ -18,9 +20,11 @@
 #include <QRegularExpression>
 #include <QtMath>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -56,6 +60,7 @@ public:
         if (m_left)
             throw StepError { QStringLiteral("the editor has been left; \"leave\" is the last step") };
         const QString op = text(step, "op");
+        const QString previous = std::exchange(m_lastOp, op);
         if (op != QLatin1String("reorder") && m_session.layersShown())
             m_session.toggleLayers(); // the panel covers the editor; any other edit happens without it
         if (op == QLatin1String("pan"))
@@ -92,6 +97,14 @@ public:
             slotTurn(step);
         else if (op == QLatin1String("slotReset"))
             slotReset(step);
+        else if (op == QLatin1String("background"))
+            background(step);
+        else if (op == QLatin1String("flip"))
+            flip(step);
+        else if (op == QLatin1String("filter"))
+            filter(step, previous == op);
+        else if (op == QLatin1String("frame"))
+            m_session.background().takeFrame(picture(step, "image"));
         else if (op == QLatin1String("undo"))
             m_session.undo();
         else if (op == QLatin1String("redo"))
@@ -217,13 +230,55 @@ private:
         view->buttonTapGesture();
     }
 
-    static QImage picture(const ordered_json &step)
+    static QImage picture(const ordered_json &step, const char *key)
     {
-        const QString path = text(step, "image");
-        const QImage image(path);
-        if (image.isNull())
+        const QString path = text(step, key);
+        const QImage picture(path);
+        if (picture.isNull())
             throw StepError { QStringLiteral("cannot read the picture %1").arg(path) };
-        return image;
+        return picture;
+    }
+
+    void addSticker(const ordered_json &step) { m_session.addNewSticker(picture(step, "image")); }
+
+    // What the background picker and menu hand back: a colour, a picture (back from the picker, as the
+    // editor appears again) or a pattern tile.
+    void background(const ordered_json &step)
+    {
+        if (step.contains("color")) {
+            m_session.setBackgroundColor(color(step));
+        } else if (step.contains("image")) {
+            m_session.setNewBgImage(picture(step, "image"), QString());
+            m_session.viewWillAppear();
+        } else if (step.contains("texture")) {
+            m_session.background().takePattern(picture(step, "texture"));
+        } else {
+            throw StepError { QStringLiteral("a background step needs \"color\", \"image\" or \"texture\"") };
+        }
+    }
+
+    void flip(const ordered_json &step)
+    {
+        const double row = number(step, "row");
+        if (row != 0 && row != 1)
+            throw StepError { QStringLiteral("\"row\" is 0 (mirror) or 1 (half turn)") };
+        m_session.backgroundTools()->flip(int(row));
+    }
+
+    // A run of filter steps is one visit to the filter menu: its rows all start from the picture shown
+    // when it opened.
+    void filter(const ordered_json &step, bool menuOpen)
+    {
+        const QString name = text(step, "name");
+        const QList<FilterItem> &items = PhotoFilters::filterItemsArray();
+        const auto row
+            = std::find_if(items.cbegin(), items.cend(), [&name](const FilterItem &item) { return item.name == name; });
+        if (row == items.cend())
+            throw StepError { QStringLiteral("no filter \"%1\"").arg(name) };
+        BackgroundTools *tools = m_session.backgroundTools();
+        if (!menuOpen)
+            tools->setupCoreImage();
+        tools->perform(BackgroundTools::Pass::Filter, qreal(row - items.cbegin()), BackgroundTools::Mode::Now);
     }
 
     // A picture slot or an outlined slot, named "slot:INDEX" or "outlined:INDEX".
@@ -240,7 +295,7 @@ private:
     void placeImage(const ordered_json &step)
     {
         SlotView *slot = slotLayer(step);
-        const QImage image = picture(step);
+        const QImage image = picture(step, "image");
         m_session.deselectAll();
         m_session.selection.select(slot);
         m_session.setImagePickerTag(ImagePickerTarget::selectedLayerTag);
@@ -293,8 +348,6 @@ private:
         outlined->doubleTapGesture();
     }
 
-    void addSticker(const ordered_json &step) { m_session.addNewSticker(picture(step)); }
-
     void duplicate(const ordered_json &step)
     {
         View *view = layer(step);
@@ -332,6 +385,7 @@ private:
     }
 
     EditImagePortraitMode &m_session;
+    QString m_lastOp;
     bool m_left = false;
 };
 

@@ -8,8 +8,10 @@ BackgroundImageView::BackgroundImageView(const QRectF &frame, QObject *parent)
 
 void BackgroundImageView::setPatternColor(const QImage &tile)
 {
+    // The pattern takes the place of the colour or gradient, whichever was set before it.
     m_pattern = tile;
     m_gradient.clear();
+    setBackgroundColor(Qt::transparent);
     notifyChanged();
 }
 
@@ -17,7 +19,6 @@ void BackgroundImageView::setGradient(const QList<QColor> &colors)
 {
     m_gradient = colors;
     m_gradientRect = bounds();
-    m_pattern = QImage();
     notifyChanged();
 }
 

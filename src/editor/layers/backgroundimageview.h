@@ -21,8 +21,12 @@ public:
     std::shared_ptr<BackgroundJson> backgroundJson;
 
     [[nodiscard]] QImage patternColor() const { return m_pattern; }
+    /** The tile repeated over the bounds, in place of the colour or gradient. */
     void setPatternColor(const QImage &tile);
-    /** The gradient colours, drawn top to bottom over the bounds of the moment they were set. */
+    /**
+     * The gradient colours, drawn top to bottom over the bounds of the moment they were set. A pattern
+     * already shown stays over it: in a record the pattern loads last and wins.
+     */
     void setGradient(const QList<QColor> &colors);
     /** Back to clear: no picture, colour, gradient or pattern. */
     void clearBackground();

@@ -81,9 +81,11 @@ struct SlotEditor
     EditImagePortraitMode *editor = new EditImagePortraitMode();
 };
 
-QRgb centrePixel(const QImage &image)
+// The photo's colour at its centre, within what a lossy store of the picture may change.
+bool isGreenAtCentre(const QImage &image)
 {
-    return image.pixel(image.width() / 2, image.height() / 2);
+    const QRgb pixel = image.pixel(image.width() / 2, image.height() / 2);
+    return qRed(pixel) < 4 && qGreen(pixel) > 251 && qBlue(pixel) < 4;
 }
 
 } // namespace
@@ -109,7 +111,7 @@ TEST(SlotPictures, ThePlaceholderOpensTheSheetAndTheCutPhotoFillsTheOutlinedSlot
 
     ASSERT_FALSE(slot->isNotImage());
     EXPECT_EQ(slot->plusView(), nullptr);
-    EXPECT_EQ(centrePixel(slot->contentImageView->image()), qRgb(0, 255, 0));
+    EXPECT_TRUE(isGreenAtCentre(slot->contentImageView->image()));
     EXPECT_EQ(screen.editor->undoArray().size(), steps + 1);
     const auto &record = *screen.editor->masterJson->frame_image_sticker_json->first();
     EXPECT_EQ(record.status, 2);
@@ -140,7 +142,7 @@ TEST(SlotPictures, ThePlaceholderOpensTheSheetAndTheCutPhotoFillsTheOutlinedSlot
     auto *again = screen.first<BorderedResizableImageView>();
     ASSERT_NE(again, nullptr);
     ASSERT_FALSE(again->isNotImage());
-    EXPECT_EQ(centrePixel(again->contentImageView->image()), qRgb(0, 255, 0));
+    EXPECT_TRUE(isGreenAtCentre(again->contentImageView->image()));
 }
 
 TEST(SlotPictures, TheOutlinedPictureMovesOnlyWhileActiveAndKeepsItsLimits)

@@ -41,9 +41,10 @@ Item {
 
         // A long press where no cell is.
         TapHandler {
+            id: outside
             onLongPressed: {
-                if (collectionView.indexAt(point.position.x + collectionView.contentX,
-                                           point.position.y + collectionView.contentY) < 0)
+                const at = collectionView.contentItem.mapFromItem(outside.parent, outside.point.position)
+                if (collectionView.indexAt(at.x, at.y) < 0)
                     root.vc.longPressed(-1)
             }
         }

@@ -75,15 +75,15 @@ void SavedPhotosVC::longPressed(int item)
         AppLog::print(QStringLiteral("Could not find index path"));
         return;
     }
-    openSheet(item);
+    openSheet(item, true);
 }
 
 void SavedPhotosVC::moreClicked(int item)
 {
-    openSheet(item);
+    openSheet(item, false);
 }
 
-void SavedPhotosVC::openSheet(int item)
+void SavedPhotosVC::openSheet(int item, bool longPress)
 {
     NavigationController *navigation = navigationController();
     if (item < 1 || item > m_list.itemsArray.size() || !navigation || !m_storyboard)
@@ -94,7 +94,7 @@ void SavedPhotosVC::openSheet(int item)
     if (!sheet)
         return;
     sheet->selectedImage = item;
-    sheet->longPress = true;
+    sheet->longPress = longPress;
     // One listener each: the picture sheet answers its superVC, the video sheet its delegate.
     if (auto *photos = qobject_cast<SavedPhotosMoreVC *>(sheet))
         photos->superVC = this;

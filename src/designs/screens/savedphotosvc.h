@@ -84,7 +84,7 @@ Q_SIGNALS:
     void listChanged();
 
 private:
-    void openSheet(int item);
+    void openSheet(int item, bool longPress);
     void pictureBranch(int row, const std::shared_ptr<Json> &design, const QImage &picture);
     void videoBranch(int row, const std::shared_ptr<Json> &design);
     /** Delete, ReEdit and Duplicate, alike for pictures and videos; false for any other word. */

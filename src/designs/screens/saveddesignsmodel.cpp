@@ -34,9 +34,8 @@ QVariant SavedDesignsModel::data(const QModelIndex &index, int role) const
     const int row = index.row() - (m_createOwnCell ? 1 : 0);
     if (role == IsCreateOwnRole)
         return row < 0;
-    if (row < 0)
-        return role == PictureRole ? QVariant(QString()) : QVariant(false);
-    const Cell &cell = m_cells.at(row);
+    // The create-own cell is an empty design cell.
+    const Cell cell = row < 0 ? Cell() : m_cells.at(row);
     switch (role) {
     case PictureRole:
         return cell.picture;

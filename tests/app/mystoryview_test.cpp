@@ -70,7 +70,11 @@ protected:
         navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
         home = qobject_cast<HomeVC *>(navigation.topViewController());
         home->setSelectedTab(3);
-        return window && QTest::qWaitForWindowExposed(window);
+        if (!window || !QTest::qWaitForWindowExposed(window))
+            return false;
+        // The stack takes no input while the home slides in.
+        QObject *stack = window->findChild<QObject *>(QStringLiteral("stack"));
+        return stack && QTest::qWaitFor([stack] { return !stack->property("busy").toBool(); }, 5000);
     }
 
     /** The first shown item of that name in the window's item tree. */

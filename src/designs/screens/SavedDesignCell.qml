@@ -97,26 +97,23 @@ Item {
         }
     }
 
-    Rectangle {
+    // A button, so that its press stays its own and never opens the design as well.
+    RoundButton {
         objectName: "moreButton"
         anchors.right: frame.right
         anchors.top: frame.top
         anchors.margins: Theme.spacing / 2
         width: Theme.touchTarget * 0.75
         height: width
-        radius: width / 2
-        color: Theme.scrim
+        padding: Theme.spacing / 2
         visible: root.moreVisible && !root.isCreateOwn
-        AssetIcon {
-            anchors.centerIn: parent
-            width: Theme.iconSize * 0.8
-            height: width
-            asset: "ic_more"
-            color: Theme.textOnAccent
+        icon.source: "image://assets/ic_more"
+        icon.color: Theme.textOnAccent
+        background: Rectangle {
+            radius: width / 2
+            color: Theme.scrim
         }
-        TapHandler {
-            onTapped: root.moreClicked()
-        }
+        onClicked: root.moreClicked()
     }
 
     TapHandler {

@@ -17,6 +17,7 @@
 #include "imagecacheprovider.h"
 #include "imagedecoder.h"
 #include "mapper.h"
+#include "mydesignsscreens.h"
 #include "navigationcontroller.h"
 #include "pickerscreens.h"
 #include "preparationscreens.h"
@@ -45,6 +46,7 @@
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_BrowsePlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_DesignsPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_Designs_ScreensPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_PickersPlugin)
@@ -84,6 +86,7 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
         QStringLiteral("PrintInteractionController"), QUrl(views + QStringLiteral("PrintInteractionView.qml")));
     EditorScreens::registerScreens(storyboard);
     DesignsScreens::registerScreens(storyboard);
+    MyDesignsScreens::registerScreens(storyboard);
 }
 
 // --open FILE: the design in an editor over the home screen, without the launch animation; with
@@ -111,6 +114,22 @@ bool openDesign(
         // Once the window has laid the editor out and opened the design.
         QTimer::singleShot(500, editor, [editor, isHD] { editor->saveFlow().save(isHD); });
     }
+    return true;
+}
+
+// --tab N: the home screen on its tab N, counted from 1 ("My Story" is 4), without the launch animation.
+bool openTab(const QString &tab, const Storyboard &storyboard, NavigationController &navigation)
+{
+    bool isNumber = false;
+    const int number = tab.toInt(&isNumber);
+    auto *home = qobject_cast<HomeVC *>(storyboard.instantiate(QStringLiteral("HomeVC")));
+    if (!isNumber || number < 1 || number > home->tabTitles().size()) {
+        qCritical().noquote() << "no tab" << tab << "; the tabs are 1 to" << home->tabTitles().size();
+        delete home;
+        return false;
+    }
+    navigation.setRoot(home);
+    home->setSelectedTab(number - 1);
     return true;
 }
 
@@ -186,6 +205,8 @@ int main(int argc, char **argv)
         { QStringLiteral("open"), QStringLiteral("Open a design file in the editor."), QStringLiteral("file") });
     parser.addOption({ QStringLiteral("show"), QStringLiteral("Show the screen of that storyboard identifier."),
         QStringLiteral("identifier") });
+    parser.addOption(
+        { QStringLiteral("tab"), QStringLiteral("Open the home screen on this tab (1 to 4)."), QStringLiteral("n") });
     parser.addOption({ QStringLiteral("save"), QStringLiteral("With --open, save the design: original or hd."),
         QStringLiteral("size") });
     parser.addOption({ QStringLiteral("video"), QStringLiteral("The movie of the screen of --show (the trimmer's)."),
@@ -237,6 +258,8 @@ int main(int argc, char **argv)
     if (parser.isSet(QStringLiteral("open"))
         && !openDesign(
             parser.value(QStringLiteral("open")), parser.value(QStringLiteral("save")), storyboard, navigation))
+        return 1;
+    if (parser.isSet(QStringLiteral("tab")) && !openTab(parser.value(QStringLiteral("tab")), storyboard, navigation))
         return 1;
     if (parser.isSet(QStringLiteral("show"))
         && !showScreen(parser.value(QStringLiteral("show")), parser.value(QStringLiteral("video")),

@@ -2,6 +2,7 @@
 
 #include "applog.h"
 #include "apppaths.h"
+#include "designstorechanges.h"
 #include "storeddesign.h"
 #include "timestamp.h"
 
@@ -75,7 +76,9 @@ std::optional<ObjectId> DesignStore::saveDesign(
         return std::nullopt;
     }
     trace(QStringLiteral("saved."));
-    return idOf(photoEntity, existing ? *existing : m_db.lastInsertRowId());
+    const ObjectId written = idOf(photoEntity, existing ? *existing : m_db.lastInsertRowId());
+    Q_EMIT DesignStoreChanges::shared().designsChanged();
+    return written;
 }
 
 std::optional<ObjectId> DesignStore::lastDesignObjectID()
@@ -133,7 +136,10 @@ bool DesignStore::deleteRow(const QString &entity, const std::optional<ObjectId>
 
 bool DesignStore::deleteDesign(const std::optional<ObjectId> &objectID)
 {
-    return deleteRow(photoEntity, objectID);
+    if (!deleteRow(photoEntity, objectID))
+        return false;
+    Q_EMIT DesignStoreChanges::shared().designsChanged();
+    return true;
 }
 
 QList<LogoImage> DesignStore::allLogos()

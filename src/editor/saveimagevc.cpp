@@ -130,18 +130,7 @@ void SaveImageVC::instaClicked()
 
 void SaveImageVC::printClicked()
 {
-    NavigationController *navigation = navigationController();
-    auto *panel = m_storyboard ? qobject_cast<PrintInteractionController *>(
-                      m_storyboard->instantiate(QStringLiteral("PrintInteractionController")))
-                               : nullptr;
-    if (!navigation || !panel) {
-        delete panel;
-        return;
-    }
-    panel->jobName = QStringLiteral("PrintingReceipt");
-    panel->printingItem = editedImage;
-    panel->showsNumberOfCopies = true;
-    navigation->present(panel);
+    PrintInteractionController::presentFor(editedImage, navigationController(), m_storyboard);
 }
 
 void SaveImageVC::deleteClicked()

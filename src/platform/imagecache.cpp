@@ -111,19 +111,20 @@ void ImageCache::loadImage(const QUrl &url, QObject *context, Completion complet
             this, [finish, image = *image] { finish(image, QString()); }, Qt::QueuedConnection);
         return;
     }
-    whenDone<QImage>(
-        this, QtConcurrent::run(readDisk, diskPath(url)), [this, url, address, finish](const QImage &image) {
-            if (!image.isNull()) {
-                remember(address, image);
-                finish(image, QString());
-                return;
-            }
-            download(url, [this, address, finish](const QImage &fetched, const QString &error) {
-                if (!fetched.isNull())
-                    remember(address, fetched);
-                finish(fetched, error);
-            });
+    // A file of the application's own is read where it lies; it never goes to the network.
+    const QString path = url.isLocalFile() ? url.toLocalFile() : diskPath(url);
+    whenDone<QImage>(this, QtConcurrent::run(readDisk, path), [this, url, address, finish](const QImage &image) {
+        if (!image.isNull()) {
+            remember(address, image);
+            finish(image, QString());
+            return;
+        }
+        download(url, [this, address, finish](const QImage &fetched, const QString &error) {
+            if (!fetched.isNull())
+                remember(address, fetched);
+            finish(fetched, error);
         });
+    });
 }
 
 void ImageCache::download(const QUrl &url, const std::function<void(const QImage &, const QString &)> &done)

@@ -3,6 +3,7 @@
 #include "applog.h"
 #include "navigationcontroller.h"
 #include "photoalbum.h"
+#include "storyboard.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -104,4 +105,21 @@ void PrintInteractionController::cancel()
 {
     if (!isPrinting() && navigationController())
         navigationController()->dismiss();
+}
+
+PrintInteractionController *PrintInteractionController::presentFor(
+    const QImage &picture, NavigationController *navigation, const Storyboard *storyboard)
+{
+    auto *panel = storyboard ? qobject_cast<PrintInteractionController *>(
+                      storyboard->instantiate(QStringLiteral("PrintInteractionController")))
+                             : nullptr;
+    if (!navigation || !panel) {
+        delete panel;
+        return nullptr;
+    }
+    panel->jobName = QStringLiteral("PrintingReceipt");
+    panel->printingItem = picture;
+    panel->showsNumberOfCopies = true;
+    navigation->present(panel);
+    return panel;
 }

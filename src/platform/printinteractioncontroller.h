@@ -6,6 +6,9 @@
 #include <QImage>
 #include <QStringList>
 
+class NavigationController;
+class Storyboard;
+
 /**
  * The print panel: a picture, the system's printers and a PDF file as one more destination, and the
  * number of copies. Print sends one job under `jobName` and closes the panel; the job is drawn off the
@@ -25,6 +28,13 @@ class PrintInteractionController : public ViewController
     Q_PROPERTY(QString errorString READ errorString NOTIFY printingChanged)
 public:
     explicit PrintInteractionController(QObject *parent = nullptr);
+
+    /**
+     * Presents the panel for a finished picture as every screen prints one: job "PrintingReceipt", the
+     * number of copies shown. Null when there is no stack or no panel registered.
+     */
+    static PrintInteractionController *presentFor(
+        const QImage &picture, NavigationController *navigation, const Storyboard *storyboard);
 
     QString jobName;
     QImage printingItem;

@@ -4,6 +4,8 @@
 #include "homevc.h"
 #include "imagecache.h"
 #include "mapper.h"
+#include "mydesignsscreens.h"
+#include "savedphotosvc.h"
 #include "searchcatalogvc.h"
 #include "templatedataresponse.h"
 #include "templatevc.h"
@@ -18,6 +20,7 @@ protected:
             home->setStoryboard(&storyboard);
             return home;
         });
+        MyDesignsScreens::registerScreens(storyboard);
         navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
         home = qobject_cast<HomeVC *>(navigation.topViewController());
     }
@@ -56,12 +59,16 @@ TEST_F(Home, TabsGetTheirScreensWhenFirstShown)
     EXPECT_EQ(navigation.topIdentifier(), QStringLiteral("ShowImageSample"));
     navigation.pop(false);
 
-    // "My Story" has no screen of its own yet, and nothing to search.
+    // "My Story" is the saved designs, with nothing to search; a swipe goes back to the tab before it.
     home->setSelectedTab(3);
-    EXPECT_FALSE(home->tabScreens().at(3));
+    auto *designs = tab<SavedPhotosVC>(3);
+    ASSERT_TRUE(designs);
+    EXPECT_EQ(designs->tabIndex, 4);
     EXPECT_FALSE(home->searchAvailable());
     home->searchClicked();
     EXPECT_EQ(navigation.topViewController(), home);
+    designs->swipedRight();
+    EXPECT_EQ(home->selectedTab(), 2);
 }
 
 TEST_F(Home, SearchFollowsTheTabShownAndCreateOwnOpensTheBlankStart)

@@ -55,6 +55,27 @@ TEST(StoreTool, SavesListsAndDeletesDesigns)
     EXPECT_EQ(nlohmann::json::parse(run({ QStringLiteral("store"), QStringLiteral("list") }).toStdString()).size(), 1);
 }
 
+// The tool's duplicate is the list's Duplicate: a new row of the same kind and document, sharing its files.
+TEST(StoreTool, DuplicatesADesignAsTheListDoes)
+{
+    TestHome home;
+    const QString video = writeFile(home, QStringLiteral("v.json"),
+        R"({"sample_image": "v.jpg", "sample_video": "file:///old/Documents/1.mov", "is_Video": true})");
+    const QString source = run({ QStringLiteral("store"), QStringLiteral("save"), video, QStringLiteral("--video") });
+    const QString copy = run({ QStringLiteral("store"), QStringLiteral("duplicate"), source });
+    EXPECT_EQ(copy, QStringLiteral("x-quillet://QuilletStore/SavePhoto/p2"));
+    const auto list = nlohmann::json::parse(run({ QStringLiteral("store"), QStringLiteral("list") }).toStdString());
+    ASSERT_EQ(list.size(), 2);
+    EXPECT_EQ(list[0]["id"], copy.toStdString());
+    EXPECT_EQ(list[0]["is_video"], true);
+    EXPECT_EQ(list[0]["document"]["sample_video"], list[1]["document"]["sample_video"]);
+
+    EXPECT_EQ(runQuilletTool({ QStringLiteral("store"), QStringLiteral("duplicate"),
+                                 QStringLiteral("x-quillet://QuilletStore/SavePhoto/p9") })
+                  .exitCode,
+        1);
+}
+
 TEST(StoreTool, RefusesBadArguments)
 {
     TestHome home;
@@ -64,6 +85,7 @@ TEST(StoreTool, RefusesBadArguments)
             QStringList { QStringLiteral("store"), QStringLiteral("save"), QStringLiteral("x"), QStringLiteral("--id"),
                 QStringLiteral("p1") },
             QStringList { QStringLiteral("store"), QStringLiteral("delete") },
+            QStringList { QStringLiteral("store"), QStringLiteral("duplicate"), QStringLiteral("p1") },
             QStringList { QStringLiteral("store") } }) {
         const ToolRun result = runQuilletTool(args);
         EXPECT_EQ(result.exitCode, 1) << qPrintable(args.join(u' '));

@@ -4,15 +4,19 @@
 
 #include "designstore.h"
 #include "mapper.h"
+#include "savedphotosvc.h"
+#include "storeddesign.h"
 
 #include <QFile>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
 namespace {
 
-const QString usageText = QStringLiteral("usage: store save FILE [--id ID] [--video] | store list | store delete ID");
+const QString usageText
+    = QStringLiteral("usage: store save FILE [--id ID] [--video] | store list | store delete ID | store duplicate ID");
 
 void printLine(const QString &text)
 {
@@ -78,14 +82,37 @@ int remove(const QStringList &args)
     return 0;
 }
 
+// store duplicate ID: the list's Duplicate action on that design; prints the new row's id.
+int duplicate(const QStringList &args)
+{
+    if (args.size() != 1)
+        return toolFail(usageText);
+    const std::optional<ObjectId> id = ObjectId::fromString(args.first());
+    if (!id)
+        return toolFail(QStringLiteral("not an object id: %1").arg(args.first()));
+    DesignStore store;
+    const QList<SavePhoto> rows = store.allDesigns();
+    const auto row = std::find_if(rows.cbegin(), rows.cend(), [&id](const SavePhoto &r) { return r.objectID == *id; });
+    if (row == rows.cend())
+        return toolFail(QStringLiteral("no design %1").arg(args.first()));
+    const std::shared_ptr<Json> design = readStoredDesign(row->jsonString);
+    const std::optional<ObjectId> copy = design ? SavedPhotosVC::duplicateDesign(store, *design) : std::nullopt;
+    if (!copy)
+        return toolFail(QStringLiteral("the design was not duplicated"));
+    printLine(copy->toString());
+    return 0;
+}
+
 const std::pair<const char *, ToolCommand::Runner> subcommands[] = {
     { "save", save },
     { "list", list },
     { "delete", remove },
+    { "duplicate", duplicate },
 };
 
-const ToolCommand command(
-    "store", "store save FILE [--id ID] [--video] | store list | store delete ID", [](const QStringList &args) {
+const ToolCommand command("store",
+    "store save FILE [--id ID] [--video] | store list | store delete ID | store duplicate ID",
+    [](const QStringList &args) {
         for (const auto &[word, run] : subcommands) {
             if (!args.isEmpty() && args.first() == QLatin1String(word))
                 return run(args.mid(1));

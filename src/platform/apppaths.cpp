@@ -1,6 +1,7 @@
 #include "apppaths.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -13,6 +14,12 @@ QString basePath()
     if (!home.isEmpty())
         return QDir::cleanPath(home);
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+bool contains(const QString &path)
+{
+    auto clean = [](const QString &name) { return QDir::cleanPath(QFileInfo(name).absoluteFilePath()); };
+    return clean(path).startsWith(clean(basePath()) + QLatin1Char('/'));
 }
 
 QString documents()

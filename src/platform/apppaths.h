@@ -24,6 +24,8 @@ namespace AppPaths {
 [[nodiscard]] QString fileName(const QString &name);
 /** `folder` + "/" + fileName(name), or empty when the name leaves nothing usable. */
 [[nodiscard]] QString fileIn(const QString &folder, const QString &name);
+/** Whether `path`, once made absolute and clean, lies below the base path. */
+[[nodiscard]] bool contains(const QString &path);
 /** Creates the base path and its subdirectories where missing. */
 void ensureCreated();
 } // namespace AppPaths

@@ -111,8 +111,10 @@ void ImageCache::loadImage(const QUrl &url, QObject *context, Completion complet
             this, [finish, image = *image] { finish(image, QString()); }, Qt::QueuedConnection);
         return;
     }
-    // A file of the application's own is read where it lies; it never goes to the network.
-    const QString path = url.isLocalFile() ? url.toLocalFile() : diskPath(url);
+    // A file of the application's own is read where it lies; any other address only through the cache,
+    // so that an address from a server cannot read files outside the application's folders.
+    const bool own = url.isLocalFile() && AppPaths::contains(url.toLocalFile());
+    const QString path = own ? url.toLocalFile() : diskPath(url);
     whenDone<QImage>(this, QtConcurrent::run(readDisk, path), [this, url, address, finish](const QImage &image) {
         if (!image.isNull()) {
             remember(address, image);

@@ -205,6 +205,9 @@ TEST(SlotPictures, APictureSlotIsNeverPinchedBelowItsLoadedScale)
     SlotEditor screen(PackTemplates::roundSlot());
     auto *slot = screen.first<StaticResizableImageView>();
     ASSERT_NE(slot, nullptr);
+    // The hidden edit view carries the edit picture in its middle.
+    EXPECT_FALSE(slot->editButton->image().isNull());
+    EXPECT_EQ(slot->editButton->frame().center(), slot->editView->bounds().center());
     slot->tapGesture();
     const auto pinch = [slot](qreal scale) {
         slot->pinchGesture(SlotView::Began, 1.0);

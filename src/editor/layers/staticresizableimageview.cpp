@@ -1,5 +1,7 @@
 #include "staticresizableimageview.h"
 
+#include "appassets.h"
+
 #include "layergeometry.h"
 #include "picturefile.h"
 
@@ -26,6 +28,14 @@ StaticResizableImageView::StaticResizableImageView(const QRectF &frame, QObject 
     editView->setAutoresizingMask(FlexibleAll);
     editView->setHidden(true);
     mainView->addSubview(editView);
+    const QSizeF middle = editView->bounds().size() / 2;
+    editButton = new ImageView(QRectF(
+        middle.width() - editButtonSize / 2, middle.height() - editButtonSize / 2, editButtonSize, editButtonSize));
+    editButton->setImage(AppAssets::image(QStringLiteral("img_edit")));
+    editButton->setContentMode(ImageView::ContentMode::ScaleAspectFit);
+    editButton->setAutoresizingMask(
+        FlexibleLeftMargin | FlexibleRightMargin | FlexibleTopMargin | FlexibleBottomMargin);
+    editView->addSubview(editButton);
 }
 
 void StaticResizableImageView::tapGesture()

@@ -34,6 +34,8 @@ public:
     SlotMainView *mainView;
     ImageView *contentImageView;
     View *editView;
+    /** The "img_edit" picture in the middle of editView. */
+    ImageView *editButton;
 
     [[nodiscard]] SlotMainView *hole() const override { return mainView; }
     [[nodiscard]] bool isSelected() const { return !borderView->isHidden(); }

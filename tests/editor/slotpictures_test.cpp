@@ -51,7 +51,7 @@ struct SlotEditor
     {
         QImage image(size, QImage::Format_RGB32);
         image.fill(color);
-        const QString path = home.filePath(QStringLiteral("photo-%1.png").arg(color.name().mid(1)));
+        QString path = home.filePath(QStringLiteral("photo-%1.png").arg(color.name().mid(1)));
         image.save(path);
         return path;
     }

@@ -233,7 +233,7 @@ private:
     static QImage picture(const ordered_json &step, const char *key)
     {
         const QString path = text(step, key);
-        const QImage picture(path);
+        QImage picture(path);
         if (picture.isNull())
             throw StepError { QStringLiteral("cannot read the picture %1").arg(path) };
         return picture;

@@ -1,6 +1,5 @@
 #include "apphelpers.h"
 
-#include "alertmodel.h"
 #include "applog.h"
 #include "mapper.h"
 
@@ -66,15 +65,6 @@ QString fontNameForWeight(const QString &weight)
 double toPoints(double value, double screenScale)
 {
     return value / screenScale;
-}
-
-AlertModel *previewUnavailableAlert(const QString &action)
-{
-    auto *alert = new AlertModel(action + QStringLiteral(" Unavailable!"),
-        QStringLiteral("Design preview was not generated so you can't ") + action.toLower()
-            + QStringLiteral(" it.\nPlease save again to generate a new preview."));
-    alert->addAction(QStringLiteral("OK"));
-    return alert;
 }
 
 QList<std::shared_ptr<CustomRatio>> customRatios(bool video, const QString &path)

@@ -8,8 +8,6 @@
 
 #include <memory>
 
-class AlertModel;
-
 /** Small helpers every screen uses: generated names, fonts by weight, points, the application's data files. */
 namespace AppHelpers {
 /** A time stamp "yyyyMMddHHmmss" of now, the stem of every generated file name. */
@@ -20,8 +18,6 @@ namespace AppHelpers {
 [[nodiscard]] QString fontNameForWeight(const QString &weight);
 /** A value in pixels as points of a screen of that scale. */
 [[nodiscard]] double toPoints(double value, double screenScale);
-/** The alert for a design without a preview; `action` is the word ("Share", "Print", ...). Caller owns it. */
-[[nodiscard]] AlertModel *previewUnavailableAlert(const QString &action);
 /**
  * The canvas sizes of "custom_ratio.json": the video list or the image list. A missing file prints
  * "no file", a broken one "JSON is invalid"; both give an empty list. `path` overrides the shipped file.

@@ -1,5 +1,6 @@
 #include "alertmodel.h"
 #include "apphelpers.h"
+#include "designfiles.h"
 #include "testhome.h"
 
 #include <QFile>
@@ -27,7 +28,7 @@ TEST(AppHelpers, NamesAndPoints)
 
 TEST(AppHelpers, PreviewUnavailableAlertText)
 {
-    std::unique_ptr<AlertModel> alert(AppHelpers::previewUnavailableAlert(QStringLiteral("Share")));
+    std::unique_ptr<AlertModel> alert(DesignFiles::previewUnavailableAlert(QStringLiteral("Share")));
     EXPECT_EQ(alert->title(), QStringLiteral("Share Unavailable!"));
     EXPECT_EQ(alert->message(),
         QStringLiteral("Design preview was not generated so you can't share it.\n"

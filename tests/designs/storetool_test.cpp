@@ -1,21 +1,11 @@
 #include "quillettool.h"
 #include "testhome.h"
 
-#include <QFile>
-
 #include <nlohmann/json.hpp>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-QString writeFile(const TestHome &home, const QString &name, const QByteArray &content)
-{
-    QFile file(home.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    return file.fileName();
-}
 
 QString run(const QStringList &args)
 {
@@ -29,8 +19,8 @@ QString run(const QStringList &args)
 TEST(StoreTool, SavesListsAndDeletesDesigns)
 {
     TestHome home;
-    const QString current = writeFile(home, QStringLiteral("a.json"), R"({"sample_image": "a.png", "is_Video": true})");
-    const QString old = writeFile(home, QStringLiteral("b.json"), R"({"image": "b.png"})");
+    const QString current = home.write(QStringLiteral("a.json"), R"({"sample_image": "a.png", "is_Video": true})");
+    const QString old = home.write(QStringLiteral("b.json"), R"({"image": "b.png"})");
     const QString first = run({ QStringLiteral("store"), QStringLiteral("save"), current, QStringLiteral("--video") });
     const QString second = run({ QStringLiteral("store"), QStringLiteral("save"), old });
     EXPECT_EQ(first, QStringLiteral("x-quillet://QuilletStore/SavePhoto/p1"));
@@ -59,7 +49,7 @@ TEST(StoreTool, SavesListsAndDeletesDesigns)
 TEST(StoreTool, DuplicatesADesignAsTheListDoes)
 {
     TestHome home;
-    const QString video = writeFile(home, QStringLiteral("v.json"),
+    const QString video = home.write(QStringLiteral("v.json"),
         R"({"sample_image": "v.jpg", "sample_video": "file:///old/Documents/1.mov", "is_Video": true})");
     const QString source = run({ QStringLiteral("store"), QStringLiteral("save"), video, QStringLiteral("--video") });
     const QString copy = run({ QStringLiteral("store"), QStringLiteral("duplicate"), source });

@@ -1,27 +1,15 @@
 #include "quillettool.h"
 #include "testhome.h"
 
-#include <QFile>
-
 #include <gtest/gtest.h>
 
-namespace {
-
-QString writeFile(const TestHome &home, const QString &name, const QByteArray &content)
-{
-    QFile file(home.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    return file.fileName();
-}
-
-} // namespace
+namespace { } // namespace
 
 TEST(DocTool, PrintsAStoredDesignInTheCurrentForm)
 {
     TestHome home;
-    const QString path = writeFile(
-        home, QStringLiteral("old.json"), R"({"image": "p.jpg", "fgImage": {"height": 640.5}, "unknown": 1})");
+    const QString path
+        = home.write(QStringLiteral("old.json"), R"({"image": "p.jpg", "fgImage": {"height": 640.5}, "unknown": 1})");
     const ToolRun run = runQuilletTool({ QStringLiteral("doc"), QStringLiteral("print"), path });
     ASSERT_EQ(run.exitCode, 0) << qPrintable(run.err);
     EXPECT_EQ(run.out, QStringLiteral(R"({
@@ -43,8 +31,8 @@ TEST(DocTool, PrintsAStoredDesignInTheCurrentForm)
 TEST(DocTool, RefusesUnreadableInput)
 {
     TestHome home;
-    const QString notJson = writeFile(home, QStringLiteral("bad.json"), "{\"sample_image\": ");
-    const QString array = writeFile(home, QStringLiteral("array.json"), "[]");
+    const QString notJson = home.write(QStringLiteral("bad.json"), "{\"sample_image\": ");
+    const QString array = home.write(QStringLiteral("array.json"), "[]");
     for (const QStringList &args :
         { QStringList { QStringLiteral("doc"), QStringLiteral("print"), home.filePath(QStringLiteral("missing.json")) },
             QStringList { QStringLiteral("doc"), QStringLiteral("print"), notJson },

@@ -16,15 +16,6 @@ namespace {
 const QColor magenta(255, 0, 255);
 const QColor yellow(255, 255, 0);
 
-QString writeFile(const TestHome &home, const QString &name, const QByteArray &content)
-{
-    const QString path = home.filePath(name);
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-    return path;
-}
-
 // The pack's first template, its "{base}" addresses pointing into the pack as local files.
 QString packTemplate(const TestHome &home)
 {
@@ -38,7 +29,7 @@ QString packTemplate(const TestHome &home)
         return {};
     QString text = QString::fromUtf8(file.readAll());
     text.replace(QStringLiteral("{base}"), pack.absolutePath() + QLatin1Char('/'));
-    return writeFile(home, QStringLiteral("template.json"), text.toUtf8());
+    return home.write(QStringLiteral("template.json"), text.toUtf8());
 }
 
 QString picture(const TestHome &home, const QString &name, const QImage &image)
@@ -95,7 +86,7 @@ TEST(BackgroundCommand, BackgroundStepsOnAPackTemplateAreStoredAndDrawn)
                   picture(home, QStringLiteral("frame.png"), frame))
               .toUtf8();
     const ToolRun run = runQuilletTool(
-        { "edit", design, "--area", "360x640", "--steps", writeFile(home, QStringLiteral("steps.json"), steps) });
+        { "edit", design, "--area", "360x640", "--steps", home.write(QStringLiteral("steps.json"), steps) });
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
     const nlohmann::ordered_json result = Mapper::parse(run.out);
     // Five background steps and the picture; the frame is none, and the colour was undone.
@@ -111,7 +102,7 @@ TEST(BackgroundCommand, BackgroundStepsOnAPackTemplateAreStoredAndDrawn)
     EXPECT_EQ(QString::fromStdString(document["frame_json"]["frame_image"].get<std::string>()).indexOf('/'), -1);
 
     // The stored document, opened again and drawn: the pattern under the layers, the frame over them.
-    const QString stored = writeFile(home, QStringLiteral("stored.json"), Mapper::print(document, true).toUtf8());
+    const QString stored = home.write(QStringLiteral("stored.json"), Mapper::print(document, true).toUtf8());
     const QString out = home.filePath(QStringLiteral("out.png"));
     const ToolRun render = runQuilletTool({ "render", stored, "--area", "360x640", "--reedit", "-o", out });
     ASSERT_EQ(render.exitCode, 0) << render.err.toStdString();

@@ -11,15 +11,6 @@
 
 namespace {
 
-QString writeFile(const TestHome &home, const QString &name, const QByteArray &content)
-{
-    const QString path = home.filePath(name);
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-    return path;
-}
-
 // A template with a text and two stickers, in canvas points on a 360 x 640 area.
 QString writeTemplate(const TestHome &home)
 {
@@ -27,7 +18,7 @@ QString writeTemplate(const TestHome &home)
     QImage red(40, 40, QImage::Format_ARGB32);
     red.fill(Qt::red);
     red.save(home.filePath(QStringLiteral("resource/red.png")));
-    return writeFile(home, QStringLiteral("design.json"), R"({"width": 360, "height": 640, "sample_image": "sample.jpg",
+    return home.write(QStringLiteral("design.json"), R"({"width": 360, "height": 640, "sample_image": "sample.jpg",
         "text_json": [{"text": "Hello", "xPos": 40, "yPos": 300, "size": 20}],
         "sticker_json": [{"sticker_image": "red.png", "xPos": 100, "yPos": 100, "width": 40, "height": 40},
                          {"sticker_image": "red.png", "xPos": 200, "yPos": 100, "width": 40, "height": 40}]})");
@@ -42,7 +33,7 @@ struct EditRun
 
 EditRun edit(const TestHome &home, const QByteArray &steps)
 {
-    const QString stepsPath = writeFile(home, QStringLiteral("steps.json"), steps);
+    const QString stepsPath = home.write(QStringLiteral("steps.json"), steps);
     const ToolRun run = runQuilletTool({ "edit", writeTemplate(home), "--area", "360x640", "--steps", stepsPath });
     return { run.exitCode, Mapper::parse(run.out), run.err };
 }
@@ -162,10 +153,10 @@ TEST(EditCommand, ReeditOpensAStoredDesignInCanvasPointsAndRadians)
     QImage red(40, 40, QImage::Format_ARGB32);
     red.fill(Qt::red);
     red.save(home.filePath(QStringLiteral("Documents/red.png")));
-    const QString stored = writeFile(home, QStringLiteral("stored.json"), R"({"sample_image": "", "width": 1080,
+    const QString stored = home.write(QStringLiteral("stored.json"), R"({"sample_image": "", "width": 1080,
         "height": 1920, "sticker_json": [{"sticker_image": "red.png", "xPos": 100, "yPos": 100, "width": 40,
         "height": 40, "angle": 0.5, "index": 3}]})");
-    const QString steps = writeFile(home, QStringLiteral("steps.json"), R"([{"op": "pan", "layer": "sticker:3",
+    const QString steps = home.write(QStringLiteral("steps.json"), R"([{"op": "pan", "layer": "sticker:3",
         "dx": 10, "dy": 0}])");
     const ToolRun run = runQuilletTool({ "edit", stored, "--area", "360x640", "--steps", steps, "--reedit" });
     ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();

@@ -2,6 +2,8 @@
 
 #include "apppaths.h"
 
+#include <QFile>
+
 TestHome::TestHome()
     : m_previous(qgetenv("QUILLET_HOME"))
 {
@@ -15,4 +17,13 @@ TestHome::~TestHome()
         qunsetenv("QUILLET_HOME");
     else
         qputenv("QUILLET_HOME", m_previous);
+}
+
+QString TestHome::write(const QString &relative, const QByteArray &content) const
+{
+    const QString path = filePath(relative);
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly))
+        file.write(content);
+    return path;
 }

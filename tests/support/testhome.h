@@ -15,6 +15,8 @@ public:
     [[nodiscard]] QString path() const { return m_dir.path(); }
     /** A path below the home. */
     [[nodiscard]] QString filePath(const QString &relative) const { return m_dir.filePath(relative); }
+    /** Writes `content` to a file below the home; its path. */
+    QString write(const QString &relative, const QByteArray &content) const;
 
 private:
     QTemporaryDir m_dir;

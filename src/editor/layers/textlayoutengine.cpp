@@ -108,10 +108,13 @@ void drawShadow(
     const qreal deviceScale = std::max(std::hypot(world.m11(), world.m12()), 0.01);
     // A wide blur loses nothing at a lower resolution: draw it small enough that sigma is ~2 pixels.
     const qreal sigma = shadow.blurRadius / 2 * deviceScale;
-    const qreal scale = deviceScale / std::max(1.0, sigma / 2);
+    const qreal shrink = 1 / std::max(1.0, sigma / 2);
     const qreal pad = shadowPad(shadow);
-    const QSizeF padded = rect.size() + QSizeF(2 * pad, 2 * pad);
-    QImage image(QSize(int(std::ceil(padded.width() * scale)), int(std::ceil(padded.height() * scale))),
+    const QPointF offset(shadow.offset.width(), shadow.offset.height());
+    // The small picture lies along the device's axes, turn included, so that putting it in place only
+    // stretches it: stretching and turning it at once costs several times more on large renders.
+    const QRectF device = world.mapRect(rect.adjusted(-pad, -pad, pad, pad).translated(offset));
+    QImage image(QSize(int(std::ceil(device.width() * shrink)), int(std::ceil(device.height() * shrink))),
         QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return;
@@ -119,17 +122,21 @@ void drawShadow(
     {
         QPainter p(&image);
         p.setRenderHints(painter.renderHints());
-        p.scale(scale, scale);
+        p.setTransform(
+            world * QTransform::fromTranslate(-device.left(), -device.top()) * QTransform::fromScale(shrink, shrink));
         p.setPen(pen);
-        layout.draw(&p, QPointF(pad + margin, pad + margin));
+        layout.draw(&p, rect.topLeft() + offset + QPointF(margin, margin));
         // The shape's coverage in the shadow's colour.
+        p.resetTransform();
         p.setCompositionMode(QPainter::CompositionMode_SourceIn);
-        p.fillRect(QRectF(QPointF(0, 0), padded), shadow.color);
+        p.fillRect(image.rect(), shadow.color);
     }
-    ImageBlur::gaussian(image, shadow.blurRadius / 2 * scale);
+    ImageBlur::gaussian(image, sigma * shrink);
+    painter.save();
+    painter.resetTransform();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    const QPointF topLeft = rect.topLeft() - QPointF(pad, pad) + QPointF(shadow.offset.width(), shadow.offset.height());
-    painter.drawImage(QRectF(topLeft, padded), image);
+    painter.drawImage(QRectF(device.topLeft(), QSizeF(image.size()) / shrink), image);
+    painter.restore();
 }
 
 } // namespace

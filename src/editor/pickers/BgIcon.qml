@@ -86,6 +86,9 @@ Item {
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         horizontalAlignment: Text.AlignHCenter
+        // Long words ("Transparent") shrink to the tile before they are cut.
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 8
         elide: Text.ElideRight
         color: Theme.text
         font.family: Theme.bodyFont

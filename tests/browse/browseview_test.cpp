@@ -1,9 +1,9 @@
-#include "applog.h"
 #include "assetimageprovider.h"
 #include "browsefixture.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
 #include "templatevc.h"
+#include "tracecapture.h"
 
 #include <QQmlComponent>
 #include <QQmlEngine>
@@ -11,47 +11,9 @@
 #include <QQuickWindow>
 #include <QtQml/qqmlextensionplugin.h>
 
-#include <cstdio>
-
 Q_IMPORT_QML_PLUGIN(Quillet_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_BrowsePlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
-
-namespace {
-
-/** The application's log lines, kept in a temporary file while the test runs. */
-class LogCapture
-{
-public:
-    LogCapture()
-        : m_file(std::tmpfile())
-    {
-        AppLog::setOutput(m_file);
-    }
-    ~LogCapture()
-    {
-        AppLog::setOutput(stdout);
-        std::fclose(m_file);
-    }
-    LogCapture(const LogCapture &) = delete;
-    LogCapture &operator=(const LogCapture &) = delete;
-
-    [[nodiscard]] QStringList lines() const
-    {
-        std::fflush(m_file);
-        std::rewind(m_file);
-        QByteArray bytes;
-        char chunk[4096];
-        while (const std::size_t n = std::fread(chunk, 1, sizeof chunk, m_file))
-            bytes.append(chunk, qsizetype(n));
-        return QString::fromUtf8(bytes).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    }
-
-private:
-    FILE *m_file;
-};
-
-} // namespace
 
 /** The home screen's view in a phone-sized window, on the browsing pack's server. */
 class HomeView : public BrowseFixture
@@ -133,7 +95,7 @@ protected:
 
 TEST_F(HomeView, TheFirstTabShowsItsCatalogsCardsWithPicturesAndATapOpensThePreview)
 {
-    LogCapture log;
+    TraceCapture log;
     ASSERT_TRUE(showHome());
     QQuickItem *grid = item("cardGrid");
     ASSERT_TRUE(
@@ -149,7 +111,10 @@ TEST_F(HomeView, TheFirstTabShowsItsCatalogsCardsWithPicturesAndATapOpensThePrev
     EXPECT_GT(card(grid, 1)->x(), first->x()); // two columns
 
     ASSERT_TRUE(QTest::qWaitFor(
-        [&] { return log.lines().filter(QStringLiteral("first grid shown after ")).size() == 1; }, 10000));
+        [&] {
+            return log.text().split(QLatin1Char('\n')).filter(QStringLiteral("first grid shown after ")).size() == 1;
+        },
+        10000));
 
     tap(first);
     EXPECT_EQ(navigation.topIdentifier(), QStringLiteral("ShowImageSample"));

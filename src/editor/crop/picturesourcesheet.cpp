@@ -1,17 +1,14 @@
 #include "picturesourcesheet.h"
 
-#include "alertmodel.h"
 #include "cameracapturevc.h"
 #include "cropviewcontroller.h"
-#include "imagedecoder.h"
 #include "navigationcontroller.h"
+#include "pickedpicture.h"
 #include "storyboard.h"
 
 #include <QCameraDevice> // before QMediaDevices, whose header needs it complete
-#include <QFutureWatcher>
 #include <QMediaDevices>
 #include <QVariantMap>
-#include <QtConcurrent/QtConcurrentRun>
 
 namespace {
 
@@ -95,22 +92,14 @@ void PictureSourceSheet::pickedFile(const QUrl &file)
         return;
     m_preparing = true;
     Q_EMIT isPreparingChanged();
-    auto *watcher = new QFutureWatcher<QImage>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        const QImage picture = watcher->result();
-        watcher->deleteLater();
+    PickedPicture::decode(this, file, [this](const QImage &picture) {
         m_preparing = false;
         Q_EMIT isPreparingChanged();
-        if (!picture.isNull()) {
+        if (!picture.isNull())
             pictureChosen(picture);
-        } else if (NavigationController *stack = navigationController()) {
-            stack->presentAlert(
-                (new AlertModel(QString(), QStringLiteral("This file is not a picture that can be opened.")))
-                    ->addAction(QStringLiteral("OK")));
-        }
+        else if (NavigationController *stack = navigationController())
+            stack->presentAlert(PickedPicture::notAPictureAlert());
     });
-    watcher->setFuture(QtConcurrent::run(
-        [path = file.isLocalFile() ? file.toLocalFile() : file.toString()] { return ImageDecoder::decodeFile(path); }));
 }
 
 void PictureSourceSheet::cancel()

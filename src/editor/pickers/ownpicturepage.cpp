@@ -1,13 +1,10 @@
 #include "ownpicturepage.h"
 
-#include "alertmodel.h"
 #include "contentcategorypager.h"
-#include "imagedecoder.h"
 #include "navigationcontroller.h"
+#include "pickedpicture.h"
 
-#include <QFutureWatcher>
 #include <QVariantMap>
-#include <QtConcurrent/QtConcurrentRun>
 
 OwnPicturePage::OwnPicturePage(QList<std::pair<QString, QString>> rows, QObject *parent)
     : ViewController(parent)
@@ -40,22 +37,15 @@ void OwnPicturePage::pickedFile(const QUrl &file)
         return;
     m_preparing = true;
     Q_EMIT isPreparingChanged();
-    auto *watcher = new QFutureWatcher<QImage>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        const QImage picture = watcher->result();
-        watcher->deleteLater();
+    PickedPicture::decode(this, file, [this](const QImage &picture) {
         m_preparing = false;
         Q_EMIT isPreparingChanged();
         if (picture.isNull()) {
             if (NavigationController *stack = navigation())
-                stack->presentAlert(
-                    (new AlertModel(QString(), QStringLiteral("This file is not a picture that can be opened.")))
-                        ->addAction(QStringLiteral("OK")));
+                stack->presentAlert(PickedPicture::notAPictureAlert());
             return;
         }
         if (ContentCategoryPager *owner = pager())
             handBack(*owner, picture);
     });
-    watcher->setFuture(QtConcurrent::run(
-        [path = file.isLocalFile() ? file.toLocalFile() : file.toString()] { return ImageDecoder::decodeFile(path); }));
 }

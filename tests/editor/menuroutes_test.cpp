@@ -1,6 +1,7 @@
 // The screens that the top level and the tool rows open over the editor, with the fields they are given.
 #include "addtextvc.h"
 #include "contentcategorypager.h"
+#include "cropscreens.h"
 #include "designstore.h"
 #include "editimageportraitmode.h"
 #include "editorscreens.h"
@@ -24,6 +25,7 @@ struct RoutedEditor
     explicit RoutedEditor(const char *json)
     {
         EditorScreens::registerScreens(storyboard);
+        CropScreens::registerScreens(storyboard);
         PickerScreens::registerScreens(storyboard, nullptr, {});
         MyDesignsScreens::registerScreens(storyboard);
         editor->setStoryboard(&storyboard);

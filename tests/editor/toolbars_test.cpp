@@ -19,12 +19,14 @@
 #include "testhome.h"
 #include "toolmenus.h"
 
+#include <QGuiApplication>
 #include <QJSValue>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QSet>
+#include <QStyleHints>
 #include <QTest>
 #include <QtQml/qqmlextensionplugin.h>
 
@@ -101,15 +103,16 @@ struct EditorScreen
         return nullptr;
     }
 
-    // The swatch of the colour strip at `index`.
+    // The swatch of the colour strip at `index`, scrolled into view.
     QQuickItem *swatch(int index) const
     {
         auto *strip = screen->findChild<QQuickItem *>(QStringLiteral("colorSwatches"));
-        for (QQuickItem *child : strip->findChildren<QQuickItem *>()) {
-            if (child->property("index").toInt() == index && child->property("modelData").isValid())
-                return child;
-        }
-        return nullptr;
+        const int contain = 4; // ListView.Contain
+        QMetaObject::invokeMethod(strip, "positionViewAtIndex", Q_ARG(int, index), Q_ARG(int, contain));
+        QTest::qWait(20);
+        QQuickItem *found = nullptr;
+        QMetaObject::invokeMethod(strip, "itemAtIndex", Q_RETURN_ARG(QQuickItem *, found), Q_ARG(int, index));
+        return found;
     }
 
     // A point of the canvas in the window.
@@ -180,11 +183,15 @@ TEST(ToolBarsByTouch, EveryToolOfTheTourChangesTheDocumentAndUndoWalksBack)
     auto *pager = qobject_cast<StickerContentCategoryPagerVC *>(s.navigation.topViewController());
     ASSERT_TRUE(pager);
     EXPECT_EQ(pager->categoryId, 47);
-    pager->handBack([](PickerTarget &target) { target.setNewStickerImage({ filled(Qt::white, { 60, 60 }) }); });
+    pager->handBack([](PickerTarget &target) {
+        target.setNewStickerImage({ filled(Qt::white, { 60, 60 }), false, false, std::nullopt, std::nullopt });
+    });
     ASSERT_EQ(s.document().sticker_json->size(), 1u);
-    auto *sticker = qobject_cast<ResizableImageView *>(s.editor->viewMain->subviews().last());
+    ResizableImageView *sticker = nullptr;
+    for (View *view : s.editor->viewMain->subviews())
+        sticker = qobject_cast<ResizableImageView *>(view) ? qobject_cast<ResizableImageView *>(view) : sticker;
     ASSERT_TRUE(sticker);
-    s.tapCanvas(sticker->center());
+    EXPECT_EQ(s.editor->selection.selectedIconImgView, sticker); // a new sticker comes selected
     EXPECT_EQ(menus.menuTag(), MenuTag::stickerTag);
     s.tap(s.cell(QStringLiteral("Color")));
     s.tap(s.swatch(5));
@@ -276,13 +283,13 @@ TEST(ToolBarsByTouch, EveryToolBarDraws)
     shot("text");
     for (const char *row : { "Font", "Color", "Texture", "Style", "Shadow", "Rotation", "Size" }) {
         s.tap(s.cell(QLatin1String(row)));
-        shot(QStringLiteral("text-%1").arg(QLatin1String(row).toLower()).toLatin1().constData());
+        shot(QStringLiteral("text-%1").arg(QString::fromLatin1(row).toLower()).toLatin1().constData());
     }
     s.editor->addNewSticker(filled(Qt::white, { 60, 60 }));
     shot("sticker");
     for (const char *row : { "Crop", "Color", "Opacity" }) {
         s.tap(s.cell(QLatin1String(row)));
-        shot(QStringLiteral("sticker-%1").arg(QLatin1String(row).toLower()).toLatin1().constData());
+        shot(QStringLiteral("sticker-%1").arg(QString::fromLatin1(row).toLower()).toLatin1().constData());
     }
     s.tapCanvas(QPointF(20, 600));
     shot("top");
@@ -291,7 +298,7 @@ TEST(ToolBarsByTouch, EveryToolBarDraws)
     shot("background");
     for (const char *row : { "Pattern", "Filter" }) {
         s.tap(s.cell(QLatin1String(row)));
-        shot(QStringLiteral("background-%1").arg(QLatin1String(row).toLower()).toLatin1().constData());
+        shot(QStringLiteral("background-%1").arg(QString::fromLatin1(row).toLower()).toLatin1().constData());
         s.tapCanvas(QPointF(20, 600));
         s.tapCanvas(QPointF(20, 600));
     }

@@ -5,84 +5,22 @@ import Quillet.Editor
 import Quillet.Editor.Layers
 import Quillet.Ui
 
-/** The editor screen shared by the editors: the bar, the fitted canvas with its layers, and the tool bar. */
+/** The editor screen shared by the editors: the bar, the fitted canvas with its layers, and the tool bars. */
 Page {
     id: root
     required property var vc
 
     background: Rectangle { color: Theme.workspace }
 
-    header: Rectangle {
-        height: Theme.barHeight
-        color: Theme.accent
-        RowLayout {
-            anchors.fill: parent
-            anchors.leftMargin: Theme.spacing / 2
-            anchors.rightMargin: Theme.spacing / 2
-            spacing: 0
-            IconButton {
-                objectName: "backButton"
-                asset: "ic_back"
-                color: Theme.textOnAccent
-                onClicked: root.vc.requestLeave()
-            }
-            Label {
-                Layout.fillWidth: true
-                text: qsTr("Edit")
-                color: Theme.textOnAccent
-                font.family: Theme.titleFont
-                font.weight: Font.Medium
-                font.pixelSize: Theme.fontTitle
-                elide: Text.ElideRight
-            }
-            IconButton {
-                objectName: "duplicateButton"
-                asset: "menu_duplicate"
-                color: Theme.textOnAccent
-                enabled: root.vc.canDuplicate
-                onClicked: root.vc.duplicateClicked()
-            }
-            IconButton {
-                objectName: "layerButton"
-                asset: "ic_layer"
-                color: Theme.textOnAccent
-                enabled: root.vc.canShowLayers
-                onClicked: root.vc.toggleLayers()
-            }
-            IconButton {
-                objectName: "undoButton"
-                asset: "undo"
-                color: Theme.textOnAccent
-                enabled: root.vc.canUndo
-                onClicked: root.vc.undo()
-            }
-            IconButton {
-                objectName: "redoButton"
-                asset: "redo"
-                color: Theme.textOnAccent
-                enabled: root.vc.canRedo
-                onClicked: root.vc.redo()
-            }
-            Label {
-                objectName: "saveButton"
-                // The picture editors save here; the video editors export through their own flow.
-                visible: typeof root.vc.savePressed === "function"
-                text: qsTr("SAVE")
-                color: Theme.textOnAccent
-                font.family: Theme.titleFont
-                font.weight: Font.Medium
-                font.pixelSize: Theme.fontBody
-                padding: Theme.spacing
-                TapHandler { onTapped: root.vc.savePressed() }
-            }
-        }
+    header: EditorNavBar {
+        vc: root.vc
+        screenWidth: root.width
     }
 
     Item {
         id: workArea
         objectName: "workArea"
         anchors.fill: parent
-        anchors.bottomMargin: Theme.toolBarHeight
         onWidthChanged: root.vc.setWorkAreaSize(width, height)
         onHeightChanged: root.vc.setWorkAreaSize(width, height)
 
@@ -98,7 +36,7 @@ Page {
             y: root.vc.canvasFrame.y
             width: root.vc.canvasFrame.width
             height: root.vc.canvasFrame.height
-            TapHandler { onTapped: root.vc.deselectAll(true) }
+            TapHandler { onTapped: root.vc.menus.canvasTapped() }
             Repeater {
                 model: root.vc.slotViews
                 delegate: SlotGestureArea {
@@ -124,18 +62,34 @@ Page {
         vc: root.vc
     }
 
-    footer: Rectangle {
-        height: Theme.toolBarHeight
-        color: Theme.surface
+    // The pop tip about fonts, over the bars, shown once.
+    Rectangle {
+        objectName: "popTip"
+        visible: root.vc.menus.popTipShown
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.spacing
+        width: Math.min(parent.width - Theme.margin * 2, tipText.implicitWidth + Theme.margin * 2)
+        height: Math.max(Theme.touchTarget, tipText.implicitHeight + Theme.spacing * 2)
+        radius: Theme.spacing
+        color: "#E05863"
         Label {
+            id: tipText
             anchors.fill: parent
-            anchors.leftMargin: Theme.margin
-            anchors.rightMargin: Theme.margin
+            anchors.margins: Theme.spacing
+            text: root.vc.menus.popTipText
+            color: "white"
+            font.family: "Rubik"
+            font.pixelSize: 15
+            wrapMode: Text.WordWrap
+            horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
-            text: qsTr("Tap a layer to edit it")
-            color: Theme.textMuted
-            font.family: Theme.bodyFont
-            font.pixelSize: Theme.fontBody
         }
+        TapHandler { onTapped: root.vc.menus.popTipTapped() }
+    }
+
+    footer: ToolBars {
+        objectName: "toolBars"
+        vc: root.vc
     }
 }

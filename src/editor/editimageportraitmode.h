@@ -4,8 +4,6 @@
 #include "imagesaveflow.h"
 #include "slotpictures.h"
 
-class Storyboard;
-
 /** The editor of portrait and square image designs. */
 class EditImagePortraitMode : public EditorSession
 {
@@ -13,16 +11,15 @@ class EditImagePortraitMode : public EditorSession
 public:
     explicit EditImagePortraitMode(QObject *parent = nullptr);
 
-    /** Where the screens that this editor opens come from. */
-    void setStoryboard(const Storyboard *storyboard)
+    void setStoryboard(const Storyboard *storyboard) override
     {
+        EditorSession::setStoryboard(storyboard);
         m_saveFlow.setStoryboard(storyboard);
-        slotPictures().setStoryboard(storyboard);
     }
     [[nodiscard]] ImageSaveFlow &saveFlow() { return m_saveFlow; }
 
     /** The SAVE bar button: the size choice, then the picture, the store and the result screen. */
-    Q_INVOKABLE void savePressed() { m_saveFlow.savePressed(); }
+    void savePressed() override { m_saveFlow.savePressed(); }
     /** Back on top after a save: SAVE may be pressed again. */
     void viewWillAppear() override;
 

@@ -1,6 +1,8 @@
 #include "editorscreens.h"
 
+#include "addtextvc.h"
 #include "editimageportraitmode.h"
+#include "editvideoportraitmode.h"
 #include "saveimagevc.h"
 #include "storyboard.h"
 
@@ -15,6 +17,8 @@ void registerScreens(Storyboard &storyboard, const PhotoAlbum &album)
             editor->setStoryboard(&storyboard);
             return editor;
         });
+    storyboard.registerScreen<AddTextVC>(
+        QStringLiteral("AddTextVC"), QUrl(QStringLiteral("qrc:/Quillet/Editor/Layers/AddTextVCView.qml")));
     storyboard.registerFactory(
         QStringLiteral("SaveImageVC"), QUrl(views + QStringLiteral("SaveImageVCView.qml")), [&storyboard, album] {
             auto *screen = new SaveImageVC();
@@ -22,6 +26,15 @@ void registerScreens(Storyboard &storyboard, const PhotoAlbum &album)
             screen->setPhotoAlbum(album);
             return screen;
         });
+}
+
+EditorSession *makeEditor(const QString &className)
+{
+    if (className == QLatin1String("EditImagePortraitMode"))
+        return new EditImagePortraitMode();
+    if (className == QLatin1String("EditVideoPortraitMode"))
+        return new EditVideoPortraitMode();
+    return nullptr;
 }
 
 } // namespace EditorScreens

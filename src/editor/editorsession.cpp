@@ -41,6 +41,7 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     , m_sliders(new ToolSliders(*this))
     , m_backgroundTools(new BackgroundTools(*this))
     , m_saving(new SaveFlow(*this))
+    , m_menus(new ToolMenus(*this))
 {
     mainView->setImage(AppAssets::image(QStringLiteral("img_transperent_bg_bright")));
     mainView->setContentMode(ImageView::ContentMode::ScaleAspectFill);
@@ -216,12 +217,29 @@ void EditorSession::takeStickerPicture()
 
 void EditorSession::deselectAll(bool changeBar)
 {
-    Q_UNUSED(changeBar);
     selection.deselectAll();
     for (View *view : viewMain->subviews()) {
         if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view))
             outlined->setActive(false);
     }
+    if (changeBar)
+        m_menus->selectionChanged();
+}
+
+void EditorSession::setStoryboard(const Storyboard *storyboard)
+{
+    m_storyboard = storyboard;
+    m_slotPictures->setStoryboard(storyboard);
+}
+
+void EditorSession::backToTopLevel()
+{
+    m_menus->backToTopLevel();
+}
+
+void EditorSession::savePressed()
+{
+    Q_EMIT saveRequested();
 }
 
 nlohmann::ordered_json EditorSession::documentDictionary() const

@@ -8,6 +8,7 @@
 #include "objectid.h"
 #include "pickertarget.h"
 #include "textentrytarget.h"
+#include "toolmenus.h"
 #include "toolsliders.h"
 #include "undorecorder.h"
 #include "viewcontroller.h"
@@ -32,6 +33,7 @@ class LayerEvents;
 class LayerPanel;
 class SaveFlow;
 class SlotPictures;
+class Storyboard;
 class View;
 
 /**
@@ -73,6 +75,10 @@ class EditorSession : public ViewController,
     Q_PROPERTY(ToolSliders *sliders READ sliders CONSTANT)
     /** The flips, filters and adjustments of the background picture. */
     Q_PROPERTY(BackgroundTools *backgroundTools READ backgroundTools CONSTANT)
+    /** The bars below the canvas. */
+    Q_PROPERTY(ToolMenus *menus READ menus CONSTANT)
+    /** The bar has a sound button; the video editors, which have one, say so and supply its state. */
+    Q_PROPERTY(bool hasSoundButton READ hasSoundButton CONSTANT)
 public:
     /** `className` names the editor in its log lines. */
     explicit EditorSession(const char *className, QObject *parent = nullptr);
@@ -125,6 +131,13 @@ public:
     [[nodiscard]] LayerPanel &layerPanel() { return *m_layerPanel; }
     [[nodiscard]] ToolSliders *sliders() const { return m_sliders; }
     [[nodiscard]] BackgroundTools *backgroundTools() const { return m_backgroundTools; }
+    [[nodiscard]] ToolMenus *menus() const { return m_menus; }
+    /** The class name of the editor, which picks its bars' tables. */
+    [[nodiscard]] QString className() const { return m_className; }
+    /** Where the screens that this editor opens come from; none headless. */
+    [[nodiscard]] const Storyboard *storyboard() const { return m_storyboard; }
+    virtual void setStoryboard(const Storyboard *storyboard);
+    [[nodiscard]] virtual bool hasSoundButton() const { return false; }
     [[nodiscard]] SaveFlow &saving() { return *m_saving; }
     [[nodiscard]] SlotPictures &slotPictures() { return *m_slotPictures; }
     /** The delegate of every layer. */
@@ -172,9 +185,11 @@ public:
     Q_INVOKABLE void redo();
     /**
      * Hides the pop tip and the empty-content notice and puts the menu back to the top level: after
-     * undo and redo, and when the selected layer leaves. The tool menus supply it.
+     * undo and redo, and when the selected layer leaves.
      */
-    virtual void backToTopLevel() { }
+    void backToTopLevel();
+    /** The bar's SAVE: each editor saves in its own way; by default the press is only announced. */
+    Q_INVOKABLE virtual void savePressed();
 
     // New layers made by the user.
     ResizableImageView *addNewSticker(const QImage &picture);
@@ -224,6 +239,8 @@ Q_SIGNALS:
     void layersShownChanged();
     /** The leaving path has ended: stored when there were changes, and popped. */
     void didLeave();
+    /** SAVE was pressed in an editor that does not save by itself. */
+    void saveRequested();
 
 protected:
     /**
@@ -255,4 +272,6 @@ private:
     ToolSliders *const m_sliders;
     BackgroundTools *const m_backgroundTools;
     SaveFlow *const m_saving;
+    ToolMenus *const m_menus;
+    const Storyboard *m_storyboard = nullptr;
 };

@@ -16,6 +16,7 @@ void LayerEvents::select(View *layer)
         if (auto *outlined = qobject_cast<BorderedResizableImageView *>(view); outlined && outlined != layer)
             outlined->setActive(false);
     }
+    m_session.menus()->selectionChanged();
     Q_EMIT m_session.layersChanged();
 }
 

@@ -66,6 +66,19 @@ void ToolSliders::setLineSpacing(qreal value)
         text->textView->applyLineSpacing(value);
 }
 
+void ToolSliders::setShadow(qreal amount)
+{
+    ResizableView *text = m_session.selection.selectedView;
+    if (!text)
+        return;
+    ResizableTextView *view = text->textView;
+    view->textShadowBlur = amount;
+    view->textShadowOffset = QSizeF(amount / 2, amount / 2);
+    view->applyShadowColor();
+    view->applyShadowBlur();
+    view->applyShadowOffset();
+}
+
 void ToolSliders::sliderDidEndSliding(Slider slider)
 {
     const LayerSelection &selection = m_session.selection;

@@ -12,7 +12,7 @@ class ToolSliders : public QObject
 {
     Q_OBJECT
 public:
-    enum class Slider { Rotation, Scale, Opacity, LetterSpacing, LineSpacing };
+    enum class Slider { Rotation, Scale, Opacity, LetterSpacing, LineSpacing, Shadow };
     Q_ENUM(Slider)
 
     explicit ToolSliders(EditorSession &session);
@@ -29,6 +29,8 @@ public:
     Q_INVOKABLE void setOpacity(qreal percent);
     Q_INVOKABLE void setLetterSpacing(qreal value);
     Q_INVOKABLE void setLineSpacing(qreal value);
+    /** The shadow of the selected text: blur `amount`, cast down and right by half of it; 0 takes it away. */
+    Q_INVOKABLE void setShadow(qreal amount);
     /** The finger leaves a slider, inside or outside: the layer's record takes the change as one step. */
     Q_INVOKABLE void sliderDidEndSliding(ToolSliders::Slider slider);
 

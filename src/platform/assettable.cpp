@@ -82,6 +82,10 @@ constexpr IconRow icons[] = {
     { "contrast", "contrast_select", "contrast" },
     { "saturation", "saturation_select", "droplet-half" },
     { "flip", "flip_select", "flip-horizontal" },
+    { "menu_pattern", "menu_pattern_select", "texture" },
+    { "menu_filter", "menu_filter_select", "wand" },
+    { "menu_adjust", "menu_adjust_select", "adjustments" },
+    { "menu_feather", "menu_feather_select", "circle-dot" },
     // Editor: eraser, crop and text entry
     { "eraser", "eraser_select", "eraser" },
     { "auto", "auto_select", "wand" },

@@ -11,14 +11,6 @@
 
 namespace {
 
-// An editor whose tool menus note each return to the top level.
-class MenuEditor : public EditImagePortraitMode
-{
-public:
-    void backToTopLevel() override { ++topLevelReturns; }
-    int topLevelReturns = 0;
-};
-
 const char *const textAndSticker = R"({"width": 360, "height": 640, "sample_image": "s.png",
     "background_json": {"background_color": "#336699"},
     "text_json": [{"text": "Slide", "xPos": 40, "yPos": 300, "size": 30}],
@@ -142,33 +134,6 @@ TEST(PickerTarget, PicturesHandedBackAreTakenWhenTheEditorAppears)
     f.editor.undo();
     EXPECT_TRUE(f.editor.backgroundImageView->image().isNull());
     EXPECT_EQ(f.editor.backgroundImageView->backgroundColor(), QColor(0x33, 0x66, 0x99));
-}
-
-TEST(UndoHooks, UndoRedoAndTheSelectedLayerLeavingReturnTheToolsToTheTop)
-{
-    TestHome home;
-    DesignStore store;
-    MenuEditor editor;
-    editor.setDesignStore(&store);
-    editor.setCanvasArea(QRectF(0, 0, 360, 640));
-    ASSERT_TRUE(editor.loadTemplate(Mapper::map<Json>(QString::fromUtf8(textAndSticker))));
-    editor.addNewText(QStringLiteral("x"), QStringLiteral("Montserrat-Bold"), std::nullopt);
-    editor.undo();
-    const int afterUndo = editor.topLevelReturns;
-    EXPECT_GE(afterUndo, 1);
-    editor.redo();
-    EXPECT_EQ(editor.topLevelReturns, afterUndo + 1);
-    QList<ResizableView *> texts;
-    for (View *view : editor.viewMain->subviews()) {
-        if (auto *text = qobject_cast<ResizableView *>(view))
-            texts.append(text);
-    }
-    ASSERT_EQ(texts.size(), 2);
-    texts.first()->buttonTapGesture(); // not selected: the tools stay
-    EXPECT_EQ(editor.topLevelReturns, afterUndo + 1);
-    texts.last()->tapGesture();
-    texts.last()->buttonTapGesture();
-    EXPECT_EQ(editor.topLevelReturns, afterUndo + 2);
 }
 
 TEST(Replay, AStepThatMakesNoLayerClearsOnlyItsKindsSelection)

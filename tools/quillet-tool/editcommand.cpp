@@ -5,6 +5,7 @@
 #include "canvasbackground.h"
 #include "designstore.h"
 #include "editimageportraitmode.h"
+#include "editorinput.h"
 #include "hexcolor.h"
 #include "layerkinds.h"
 #include "mapper.h"
@@ -15,7 +16,6 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QFile>
 #include <QImage>
 #include <QRegularExpression>
 #include <QtMath>
@@ -146,16 +146,8 @@ private:
     View *layer(const ordered_json &step) const
     {
         const QString name = text(step, "layer");
-        const auto match = QRegularExpression(QStringLiteral("^(text|sticker|slot|outlined):(\\d+)$")).match(name);
-        if (match.hasMatch()) {
-            const QList<View *> &views = m_session.viewMain->subviews();
-            for (auto it = views.rbegin(); it != views.rend(); ++it) {
-                const auto identity = LayerKinds::identify(*it);
-                if (identity && LayerKinds::name(identity->kind) == match.captured(1)
-                    && identity->index == match.captured(2).toLongLong())
-                    return *it;
-            }
-        }
+        if (View *found = EditorInput::findLayer(m_session, name))
+            return found;
         throw StepError { QStringLiteral("no layer \"%1\"").arg(name) };
     }
 
@@ -389,21 +381,6 @@ private:
     bool m_left = false;
 };
 
-std::optional<ordered_json> readJson(const QString &path, QString *error)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
-        return std::nullopt;
-    }
-    ordered_json json = Mapper::parse(QString::fromUtf8(file.readAll()));
-    if (json.is_discarded()) {
-        *error = QStringLiteral("%1 is not JSON").arg(path);
-        return std::nullopt;
-    }
-    return json;
-}
-
 // edit FILE --area WxH --steps STEPS.json [--reedit] [-o OUT.png [--hd]]
 int edit(const QStringList &args)
 {
@@ -440,12 +417,12 @@ int edit(const QStringList &args)
     if (path.isEmpty() || stepsPath.isEmpty() || area.isEmpty() || (isHD && outPath.isEmpty()))
         return toolFail(usage);
     QString error;
-    const std::optional<ordered_json> document = readJson(path, &error);
+    const std::optional<ordered_json> document = EditorInput::readJson(path, &error);
     if (!document)
         return toolFail(error);
     if (!document->is_object())
         return toolFail(QStringLiteral("%1 is not a JSON object").arg(path));
-    const std::optional<ordered_json> steps = readJson(stepsPath, &error);
+    const std::optional<ordered_json> steps = EditorInput::readJson(stepsPath, &error);
     if (!steps)
         return toolFail(error);
     if (!steps->is_array())

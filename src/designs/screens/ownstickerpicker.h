@@ -15,6 +15,8 @@ class PickerTarget;
 class OwnStickerPicker : public ViewController
 {
     Q_OBJECT
+    /** Set by the opener through the storyboard, which knows the screen by its name only. */
+    Q_PROPERTY(int vcTag MEMBER vcTag)
 public:
     int vcTag = 0;
     QString orientation = QStringLiteral("Portrait");

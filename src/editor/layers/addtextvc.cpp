@@ -20,11 +20,18 @@ AddTextVC::AddTextVC(QObject *parent)
         QStringLiteral("2D8E2D"), QStringLiteral("063F7D"), QStringLiteral("4E4FB0"), QStringLiteral("CF432E"),
         QStringLiteral("220D2A") }
 {
+    fontItemsArray = defaultFontItems();
+}
+
+QList<FontItem> AddTextVC::defaultFontItems()
+{
+    QList<FontItem> items;
     for (const FontNameTable &face : FontRegistry::shared().applicationFaces())
-        fontItemsArray.append({ face.postScriptName, 1 });
+        items.append({ face.postScriptName, 1 });
     for (const QString &weight : { QStringLiteral("Regular"), QStringLiteral("Light"), QStringLiteral("Medium"),
              QStringLiteral("Semibold"), QStringLiteral("Bold") })
-        fontItemsArray.append({ systemFontName(weight), 0 });
+        items.append({ systemFontName(weight), 0 });
+    return items;
 }
 
 QString AddTextVC::systemFontName(const QString &weight)

@@ -65,6 +65,8 @@ public:
     /** The tick: hands the text to the editor below and goes back, or asks for a text. */
     Q_INVOKABLE void done();
 
+    /** The application's fonts, then the system font's weights: the rows of the font lists. */
+    [[nodiscard]] static QList<FontItem> defaultFontItems();
     /** The system font's face for a weight name: "Bold", "Light", "Medium", "Semibold"; anything else regular. */
     [[nodiscard]] static QString systemFontName(const QString &weight);
     /** What a font row shows: its name, or "Unknown Font" for the row "Text" of no catalog. */

@@ -1,6 +1,9 @@
 #include "backgroundimageview.h"
 
 #include <QLinearGradient>
+#include <QPainter>
+
+#include <cmath>
 
 BackgroundImageView::BackgroundImageView(const QRectF &frame, QObject *parent)
     : ImageView(frame, parent)
@@ -26,6 +29,7 @@ void BackgroundImageView::clearBackground()
 {
     m_pattern = QImage();
     m_gradient.clear();
+    m_featherMask = QImage();
     setImage(QImage());
     setBackgroundColor(Qt::transparent);
 }
@@ -44,5 +48,31 @@ void BackgroundImageView::paintContent(QPainter &painter) const
         // The gradient belongs to the bounds it was made for; beyond them it repeats its edge colours.
         painter.fillRect(bounds(), gradient);
     }
-    ImageView::paintContent(painter);
+    if (m_featherMask.isNull() || image().isNull()) {
+        ImageView::paintContent(painter);
+        return;
+    }
+    // The picture is drawn apart at the painter's scale and cut by the mask before it joins the canvas.
+    const QTransform device = painter.combinedTransform();
+    const qreal scale = std::sqrt(std::abs(device.determinant()));
+    const QSize size = (bounds().size() * scale).toSize();
+    if (size.isEmpty())
+        return;
+    QImage faded(size, QImage::Format_ARGB32_Premultiplied);
+    faded.fill(Qt::transparent);
+    QPainter picture(&faded);
+    picture.scale(scale, scale);
+    picture.translate(-bounds().topLeft());
+    ImageView::paintContent(picture);
+    picture.resetTransform();
+    picture.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    picture.drawImage(QRect(QPoint(0, 0), size), m_featherMask);
+    picture.end();
+    painter.drawImage(bounds(), faded);
+}
+
+void BackgroundImageView::setFeatherMask(const QImage &mask)
+{
+    m_featherMask = mask;
+    Q_EMIT changed();
 }

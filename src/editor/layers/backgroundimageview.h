@@ -28,13 +28,20 @@ public:
      * already shown stays over it: in a record the pattern loads last and wins.
      */
     void setGradient(const QList<QColor> &colors);
-    /** Back to clear: no picture, colour, gradient or pattern. */
+    /**
+     * The feather: the picture shows only as far as this alpha mask (laid over the bounds) lets it; a null
+     * mask shows it whole. The picture itself is unchanged.
+     */
+    void setFeatherMask(const QImage &mask);
+    [[nodiscard]] QImage featherMask() const { return m_featherMask; }
+    /** Back to clear: no picture, colour, gradient, pattern or feather. */
     void clearBackground();
 
     void paintContent(QPainter &painter) const override;
 
 private:
     QImage m_pattern;
+    QImage m_featherMask;
     QList<QColor> m_gradient;
     QRectF m_gradientRect;
 };

@@ -4,6 +4,7 @@ import QtQuick.Layouts
 import Quillet.Editor
 import Quillet.Editor.Layers
 import Quillet.Ui
+import Quillet.Video
 
 /** The editor screen shared by the editors: the bar, the fitted canvas with its layers, and the tool bar. */
 Page {
@@ -34,6 +35,14 @@ Page {
                 font.weight: Font.Medium
                 font.pixelSize: Theme.fontTitle
                 elide: Text.ElideRight
+            }
+            IconButton {
+                objectName: "soundButton"
+                visible: root.vc.hasSoundButton
+                asset: root.vc.soundMuted ? "ic_volume_mute" : "ic_volume"
+                color: Theme.textOnAccent
+                enabled: root.vc.soundEnabled
+                onClicked: root.vc.soundPressed()
             }
             IconButton {
                 objectName: "duplicateButton"
@@ -86,6 +95,18 @@ Page {
         onWidthChanged: root.vc.setWorkAreaSize(width, height)
         onHeightChanged: root.vc.setWorkAreaSize(width, height)
 
+        // A video design's movie, under the canvas.
+        Loader {
+            objectName: "videoLayer"
+            active: root.vc.videoView !== null
+            x: root.vc.canvasFrame.x
+            y: root.vc.canvasFrame.y
+            width: root.vc.canvasFrame.width
+            height: root.vc.canvasFrame.height
+            sourceComponent: VideoViewItem {
+                videoView: root.vc.videoView
+            }
+        }
         CanvasItem {
             id: canvas
             objectName: "canvas"

@@ -21,6 +21,8 @@
 #include <memory>
 #include <optional>
 
+Q_MOC_INCLUDE("videoview.h")
+
 class AlertModel;
 class BackgroundImageView;
 class CanvasBackground;
@@ -32,6 +34,8 @@ class LayerEvents;
 class LayerPanel;
 class SaveFlow;
 class SlotPictures;
+class VideoBackground;
+class VideoView;
 class View;
 
 /**
@@ -73,9 +77,20 @@ class EditorSession : public ViewController,
     Q_PROPERTY(ToolSliders *sliders READ sliders CONSTANT)
     /** The flips, filters and adjustments of the background picture. */
     Q_PROPERTY(BackgroundTools *backgroundTools READ backgroundTools CONSTANT)
+    /** The movie under the canvas of a video design; null in the image editors. */
+    Q_PROPERTY(VideoView *videoView READ videoView CONSTANT)
+    /** The bar has a sound button (the video editors). */
+    Q_PROPERTY(bool hasSoundButton READ hasSoundButton CONSTANT)
+    /** The sound button can be pressed: a movie is loaded. */
+    Q_PROPERTY(bool soundEnabled READ soundEnabled NOTIFY soundChanged)
+    /** The sound button shows "ic_volume_mute" rather than "ic_volume". */
+    Q_PROPERTY(bool soundMuted READ soundMuted NOTIFY soundChanged)
 public:
+    /** What lies under the layers: a picture or colour, or a looping movie. */
+    enum class DesignKind { Image, Video };
+
     /** `className` names the editor in its log lines. */
-    explicit EditorSession(const char *className, QObject *parent = nullptr);
+    explicit EditorSession(const char *className, QObject *parent = nullptr, DesignKind kind = DesignKind::Image);
     ~EditorSession() override;
 
     // Set by the opener before the screen loads; a bare picture goes into background().croppedImage.
@@ -127,6 +142,15 @@ public:
     [[nodiscard]] BackgroundTools *backgroundTools() const { return m_backgroundTools; }
     [[nodiscard]] SaveFlow &saving() { return *m_saving; }
     [[nodiscard]] SlotPictures &slotPictures() { return *m_slotPictures; }
+    /** The background movie and its sound; null in the image editors. */
+    [[nodiscard]] VideoBackground *video() const { return m_video; }
+    [[nodiscard]] VideoView *videoView() const;
+    [[nodiscard]] bool hasSoundButton() const { return m_video != nullptr; }
+    [[nodiscard]] bool soundEnabled() const;
+    [[nodiscard]] bool soundMuted() const;
+    Q_INVOKABLE void soundPressed();
+    /** The movie the gallery gave for "Add Video": trimmed, cached, and played in place of the old one. */
+    Q_INVOKABLE void videoPicked(const QUrl &file);
     /** The delegate of every layer. */
     [[nodiscard]] LayerEvents *layerEvents() { return m_layerEvents.get(); }
 
@@ -224,6 +248,7 @@ Q_SIGNALS:
     void layersShownChanged();
     /** The leaving path has ended: stored when there were changes, and popped. */
     void didLeave();
+    void soundChanged();
 
 protected:
     /**
@@ -236,6 +261,8 @@ private:
     void removeLayers(LayerKind kind, const QList<qint64> &indexes, bool deselect) override;
     void makeLayer(const ReplayRecord &record) override;
     void openDocument();
+    /** After a load: the document's movie and music start. */
+    bool loadVideo();
     void finishLeaving(const QPointer<AlertModel> &notice);
     /** The sticker picture handed back: a new sticker, or the selected sticker's picture replaced. */
     void takeStickerPicture();
@@ -255,4 +282,5 @@ private:
     ToolSliders *const m_sliders;
     BackgroundTools *const m_backgroundTools;
     SaveFlow *const m_saving;
+    VideoBackground *const m_video;
 };

@@ -4,6 +4,7 @@
 #include "bgvideocontentcategorypagervc.h"
 #include "bgvideocontentvc.h"
 #include "catalogscreen.h"
+#include "serverclient.h"
 #include "storyboard.h"
 
 namespace VideoPickerScreens {

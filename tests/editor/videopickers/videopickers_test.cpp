@@ -25,10 +25,11 @@ namespace {
 using State = CatalogScreen::LoadingState;
 
 // A video editor with a movie of its own at the root, and every screen the pickers open.
-class VideoPickers : public ::testing::Test, public PickerFixture<EditVideoPortraitMode>
+class VideoPickers : public ::testing::Test, public PickerFixture<>
 {
 protected:
-    // The editor at the root opens its design once it is given its work area, here.
+    // The video editor, made as the application makes it, replaces the fixture's editor at the root and
+    // opens its design once it is given its work area.
     VideoPickers()
     {
         AudioOutputs::setAttachWithoutDevice(true);
@@ -36,13 +37,15 @@ protected:
         PreparationScreens::registerScreens(storyboard, &client, nullptr);
         VideoScreens::registerScreens(storyboard);
         EditorScreens::registerScreens(storyboard);
-        editor->setStoryboard(&storyboard);
+        videoEditor
+            = qobject_cast<EditVideoPortraitMode *>(storyboard.instantiate(QStringLiteral("EditVideoPortraitMode")));
         firstMovie = media.movie(QStringLiteral("first.mp4"), QStringLiteral("testsrc=size=160x284:rate=25"), 2);
-        editor->contentJson
+        videoEditor->contentJson
             = Mapper::map<Json>(nlohmann::ordered_json { { "width", 540.0 }, { "height", 960.0 }, { "is_Video", true },
                 { "background_json",
                     { { "background_image", QUrl::fromLocalFile(firstMovie).toString().toStdString() } } } });
-        editor->setWorkAreaSize(390, 670);
+        navigation.setRoot(videoEditor);
+        videoEditor->setWorkAreaSize(390, 670);
     }
     ~VideoPickers() override { AudioOutputs::setAttachWithoutDevice(false); }
 
@@ -74,6 +77,7 @@ protected:
 
     TestMedia media { home.filePath(QStringLiteral("media")) };
     QString firstMovie;
+    EditVideoPortraitMode *videoEditor = nullptr;
 };
 
 QString documentsOf(const TestHome &home)
@@ -103,13 +107,13 @@ TEST_F(VideoPickers, ACatalogVideoIsPreviewedAndBecomesTheEditorsMovie)
     ASSERT_EQ(sample->state(), TemplateSample::State::Ready);
     const QUrl cached = sample->videoFile();
     sample->editClicked();
-    ASSERT_EQ(navigation.topViewController(), editor);
+    ASSERT_EQ(navigation.topViewController(), videoEditor);
     // The design keeps the cached copy of the catalog's video, not the server's address.
-    const QUrl played = editor->videoView()->url().value_or(QUrl());
+    const QUrl played = videoEditor->videoView()->url().value_or(QUrl());
     EXPECT_EQ(played, cached);
     EXPECT_EQ(QFileInfo(played.toLocalFile()).absolutePath(), documentsOf(home));
-    EXPECT_EQ(editor->masterJson->background_json->background_image, played.toString());
-    EXPECT_TRUE(editor->soundEnabled());
+    EXPECT_EQ(videoEditor->masterJson->background_json->background_image, played.toString());
+    EXPECT_TRUE(videoEditor->soundEnabled());
 }
 
 TEST_F(VideoPickers, AnOwnMovieIsTrimmedToAtMost25SecondsAndGoesBackToTheEditor)
@@ -121,9 +125,9 @@ TEST_F(VideoPickers, AnOwnMovieIsTrimmedToAtMost25SecondsAndGoesBackToTheEditor)
     EXPECT_DOUBLE_EQ(trimmer->endTime() - trimmer->startTime(), 25.0);
     trimmer->moveEndHandle(3.0);
     trimmer->save();
-    ASSERT_TRUE(waitFor([&] { return navigation.topViewController() == editor; }));
+    ASSERT_TRUE(waitFor([&] { return navigation.topViewController() == videoEditor; }));
     EXPECT_EQ(navigation.depth(), 1);
-    const QString played = editor->videoView()->url().value_or(QUrl()).toLocalFile();
+    const QString played = videoEditor->videoView()->url().value_or(QUrl()).toLocalFile();
     EXPECT_EQ(QFileInfo(played).absolutePath(), documentsOf(home));
     EXPECT_NEAR(probe(played)
                     .value(QStringLiteral("format"))
@@ -147,7 +151,7 @@ TEST_F(VideoPickers, AnOwnMovieForANewDesignOpensANewVideoEditorAndACancelOpensN
     trimmer->save();
     ASSERT_TRUE(waitFor([&] { return qobject_cast<EditVideoPortraitMode *>(navigation.topViewController()); }));
     auto *created = qobject_cast<EditVideoPortraitMode *>(navigation.topViewController());
-    ASSERT_NE(created, editor);
+    ASSERT_NE(created, videoEditor);
     EXPECT_TRUE(created->isCreateOwn);
     EXPECT_EQ(created->contentJson, screen->createOwnJson);
     created->setWorkAreaSize(390, 670);

@@ -11,7 +11,6 @@
 #include "designsscreens.h"
 #include "editimageportraitmode.h"
 #include "editorscreens.h"
-#include "editvideoportraitmode.h"
 #include "fontpickerscreens.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
@@ -24,6 +23,7 @@
 #include "printinteractioncontroller.h"
 #include "qffontpicker.h"
 #include "storyboard.h"
+#include "videopickerscreens.h"
 #include "videoscreens.h"
 
 #include <QCommandLineParser>
@@ -51,6 +51,7 @@ Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_PickersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_CropPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_Editor_VideoPickersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_FontpickerPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_PreparationPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
@@ -80,8 +81,6 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
         home->setStoryboard(&storyboard);
         return home;
     });
-    storyboard.registerScreen<EditVideoPortraitMode>(
-        QStringLiteral("EditVideoPortraitMode"), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
     storyboard.registerScreen<PrintInteractionController>(
         QStringLiteral("PrintInteractionController"), QUrl(views + QStringLiteral("PrintInteractionView.qml")));
     EditorScreens::registerScreens(storyboard);
@@ -89,8 +88,9 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
     MyDesignsScreens::registerScreens(storyboard);
 }
 
-// --open FILE: the design in an editor over the home screen, without the launch animation; with
-// --save SIZE it is then saved as the size choice's "Original" or "HD" would.
+// --open FILE: the design in its editor (the video editor for a video design) over the home screen,
+// without the launch animation; with --save SIZE a picture design is then saved as the size choice's
+// "Original" or "HD" would.
 bool openDesign(
     const QString &path, const QString &saveSize, const Storyboard &storyboard, NavigationController &navigation)
 {
@@ -104,15 +104,22 @@ bool openDesign(
         qCritical().noquote() << path << "is not a design (a JSON object)";
         return false;
     }
+    const QString identifier
+        = document->is_Video ? QStringLiteral("EditVideoPortraitMode") : QStringLiteral("EditImagePortraitMode");
+    auto *editor = static_cast<EditorSession *>(storyboard.instantiate(identifier));
+    auto *imageEditor = qobject_cast<EditImagePortraitMode *>(editor);
+    if (!saveSize.isEmpty() && !imageEditor) {
+        qCritical().noquote() << path << "is a video design; --save takes picture designs";
+        delete editor;
+        return false;
+    }
     navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
-    auto *editor
-        = static_cast<EditImagePortraitMode *>(storyboard.instantiate(QStringLiteral("EditImagePortraitMode")));
     editor->contentJson = document;
     navigation.push(editor, false);
     if (!saveSize.isEmpty()) {
         const bool isHD = saveSize.compare(QLatin1String("hd"), Qt::CaseInsensitive) == 0;
         // Once the window has laid the editor out and opened the design.
-        QTimer::singleShot(500, editor, [editor, isHD] { editor->saveFlow().save(isHD); });
+        QTimer::singleShot(500, imageEditor, [imageEditor, isHD] { imageEditor->saveFlow().save(isHD); });
     }
     return true;
 }
@@ -237,6 +244,7 @@ int main(int argc, char **argv)
         bgColors.append(entry->color.value_or(QString()));
     PickerScreens::registerScreens(storyboard, services.client(), bgColors);
     VideoScreens::registerScreens(storyboard);
+    VideoPickerScreens::registerScreens(storyboard, services.client());
     BrowseScreens::registerScreens(
         storyboard, services.client(), [](bool video) { return AppHelpers::customRatios(video); });
     CropScreens::registerScreens(storyboard);

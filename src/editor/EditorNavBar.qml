@@ -36,10 +36,10 @@ Rectangle {
             visible: root.vc.hasSoundButton
             Layout.preferredWidth: Theme.touchTarget
             Layout.preferredHeight: Theme.touchTarget
-            asset: root.vc.hasSoundButton ? root.vc.soundButtonImage : ""
+            asset: root.vc.soundMuted ? "ic_volume_mute" : "ic_volume"
             color: Theme.textOnAccent
-            enabled: root.vc.hasSoundButton && root.vc.soundButtonEnabled
-            onClicked: root.vc.soundClicked()
+            enabled: root.vc.soundEnabled
+            onClicked: root.vc.soundPressed()
         }
         IconButton {
             objectName: "duplicateButton"

@@ -4,6 +4,7 @@ import QtQuick.Layouts
 import Quillet.Editor
 import Quillet.Editor.Layers
 import Quillet.Ui
+import Quillet.Video
 
 /** The editor screen shared by the editors: the bar, the fitted canvas with its layers, and the tool bars. */
 Page {
@@ -24,6 +25,18 @@ Page {
         onWidthChanged: root.vc.setWorkAreaSize(width, height)
         onHeightChanged: root.vc.setWorkAreaSize(width, height)
 
+        // A video design's movie, under the canvas.
+        Loader {
+            objectName: "videoLayer"
+            active: root.vc.videoView !== null
+            x: root.vc.canvasFrame.x
+            y: root.vc.canvasFrame.y
+            width: root.vc.canvasFrame.width
+            height: root.vc.canvasFrame.height
+            sourceComponent: VideoViewItem {
+                videoView: root.vc.videoView
+            }
+        }
         CanvasItem {
             id: canvas
             objectName: "canvas"

@@ -65,7 +65,7 @@ void CanvasBackground::apply(std::shared_ptr<BackgroundJson> record)
             colors.append(HexColor::fromString(hex));
         view->setGradient(colors);
     }
-    if (nonEmpty(record->background_image)) {
+    if (nonEmpty(record->background_image) && !m_session.video()) {
         DesignPictures::show(document, *record->background_image, view, [this, view, record](const QImage &picture) {
             if (view->backgroundJson != record)
                 return;

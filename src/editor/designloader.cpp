@@ -142,7 +142,8 @@ bool DesignLoader::load(const std::shared_ptr<Json> &document, bool reEdit)
     m_session.masterJson = document;
     m_session.is_pip = document->is_pip.value_or(false);
     if (auto background = document->background_json) {
-        if (!reEdit && nonEmpty(background->background_image))
+        // A video design's background_image is its movie's address, which the video view plays.
+        if (!reEdit && nonEmpty(background->background_image) && !m_session.video())
             background->background_image = resolveName(*background->background_image);
         m_session.background().apply(background);
         document->changed_background_json = background;

@@ -1,7 +1,11 @@
 #include "editimageportraitmode.h"
 
 EditImagePortraitMode::EditImagePortraitMode(QObject *parent)
-    : EditorSession("EditImagePortraitMode", parent)
+    : EditImagePortraitMode("EditImagePortraitMode", parent)
+{ }
+
+EditImagePortraitMode::EditImagePortraitMode(const char *className, QObject *parent)
+    : EditorSession(className, parent)
     , m_saveFlow(*this)
 { }
 

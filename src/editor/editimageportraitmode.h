@@ -23,6 +23,10 @@ public:
     /** Back on top after a save: SAVE may be pressed again. */
     void viewWillAppear() override;
 
+protected:
+    /** The other picture editors, which save alike; `className` names them in the log. */
+    EditImagePortraitMode(const char *className, QObject *parent);
+
 private:
     ImageSaveFlow m_saveFlow;
 };

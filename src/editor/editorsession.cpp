@@ -16,13 +16,15 @@
 #include "slotpictures.h"
 #include "stickersize.h"
 #include "toolsliders.h"
+#include "videobackground.h"
+#include "videoview.h"
 
 #include <QDebug>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QTimer>
 
-EditorSession::EditorSession(const char *className, QObject *parent)
+EditorSession::EditorSession(const char *className, QObject *parent, DesignKind kind)
     : ViewController(parent)
     , viewContent(new View(QRectF(), this))
     , mainView(new ImageView())
@@ -42,6 +44,7 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     , m_backgroundTools(new BackgroundTools(*this))
     , m_saving(new SaveFlow(*this))
     , m_menus(new ToolMenus(*this))
+    , m_video(kind == DesignKind::Video ? new VideoBackground(*this) : nullptr)
 {
     mainView->setImage(AppAssets::image(QStringLiteral("img_transperent_bg_bright")));
     mainView->setContentMode(ImageView::ContentMode::ScaleAspectFill);
@@ -59,6 +62,11 @@ EditorSession::EditorSession(const char *className, QObject *parent)
     connect(m_recorder, &UndoRecorder::stepStored, this, &EditorSession::layersChanged);
     connect(m_recorder, &UndoRecorder::undoStateChanged, this, &EditorSession::undoStateChanged);
     connect(m_layerPanel, &LayerPanel::layersShownChanged, this, &EditorSession::layersShownChanged);
+    if (m_video) {
+        // The movie shows through where the checker pattern would be.
+        mainView->setHidden(true);
+        connect(m_video, &VideoBackground::soundChanged, this, &EditorSession::soundChanged);
+    }
 }
 
 EditorSession::~EditorSession()
@@ -149,16 +157,52 @@ void EditorSession::openDocument()
 
 bool EditorSession::loadTemplate(const std::shared_ptr<Json> &document)
 {
-    return m_loader->loadTemplate(document);
+    return m_loader->loadTemplate(document) && loadVideo();
 }
 
 bool EditorSession::loadReEdit(const std::shared_ptr<Json> &document)
 {
-    return m_loader->loadReEdit(document);
+    return m_loader->loadReEdit(document) && loadVideo();
+}
+
+bool EditorSession::loadVideo()
+{
+    if (m_video)
+        m_video->loadDocument();
+    return true;
+}
+
+VideoView *EditorSession::videoView() const
+{
+    return m_video ? m_video->videoView : nullptr;
+}
+
+bool EditorSession::soundEnabled() const
+{
+    return m_video && m_video->soundEnabled();
+}
+
+bool EditorSession::soundMuted() const
+{
+    return m_video && m_video->soundMuted();
+}
+
+void EditorSession::soundPressed()
+{
+    if (m_video)
+        m_video->soundPressed();
+}
+
+void EditorSession::videoPicked(const QUrl &file)
+{
+    if (m_video && file.isLocalFile())
+        m_video->videoPicked(file.toLocalFile());
 }
 
 void EditorSession::viewWillAppear()
 {
+    if (m_video)
+        m_video->applyNewVideo();
     if (!newBgImage.isNull())
         m_background->takePicture(newBgImage);
     if (!picked.newStickerImage.isNull())

@@ -22,6 +22,8 @@
 #include <memory>
 #include <optional>
 
+Q_MOC_INCLUDE("videoview.h")
+
 class AlertModel;
 class BackgroundImageView;
 class CanvasBackground;
@@ -34,6 +36,8 @@ class LayerPanel;
 class SaveFlow;
 class SlotPictures;
 class Storyboard;
+class VideoBackground;
+class VideoView;
 class View;
 
 /**
@@ -77,11 +81,20 @@ class EditorSession : public ViewController,
     Q_PROPERTY(BackgroundTools *backgroundTools READ backgroundTools CONSTANT)
     /** The bars below the canvas. */
     Q_PROPERTY(ToolMenus *menus READ menus CONSTANT)
-    /** The bar has a sound button; the video editors, which have one, say so and supply its state. */
+    /** The movie under the canvas of a video design; null in the image editors. */
+    Q_PROPERTY(VideoView *videoView READ videoView CONSTANT)
+    /** The bar has a sound button (the video editors). */
     Q_PROPERTY(bool hasSoundButton READ hasSoundButton CONSTANT)
+    /** The sound button can be pressed: a movie is loaded. */
+    Q_PROPERTY(bool soundEnabled READ soundEnabled NOTIFY soundChanged)
+    /** The sound button shows "ic_volume_mute" rather than "ic_volume". */
+    Q_PROPERTY(bool soundMuted READ soundMuted NOTIFY soundChanged)
 public:
+    /** What lies under the layers: a picture or colour, or a looping movie. */
+    enum class DesignKind { Image, Video };
+
     /** `className` names the editor in its log lines. */
-    explicit EditorSession(const char *className, QObject *parent = nullptr);
+    explicit EditorSession(const char *className, QObject *parent = nullptr, DesignKind kind = DesignKind::Image);
     ~EditorSession() override;
 
     // Set by the opener before the screen loads; a bare picture goes into background().croppedImage.
@@ -137,9 +150,17 @@ public:
     /** Where the screens that this editor opens come from; none headless. */
     [[nodiscard]] const Storyboard *storyboard() const { return m_storyboard; }
     virtual void setStoryboard(const Storyboard *storyboard);
-    [[nodiscard]] virtual bool hasSoundButton() const { return false; }
     [[nodiscard]] SaveFlow &saving() { return *m_saving; }
     [[nodiscard]] SlotPictures &slotPictures() { return *m_slotPictures; }
+    /** The background movie and its sound; null in the image editors. */
+    [[nodiscard]] VideoBackground *video() const { return m_video; }
+    [[nodiscard]] VideoView *videoView() const;
+    [[nodiscard]] bool hasSoundButton() const { return m_video != nullptr; }
+    [[nodiscard]] bool soundEnabled() const;
+    [[nodiscard]] bool soundMuted() const;
+    Q_INVOKABLE void soundPressed();
+    /** The movie the gallery gave for "Add Video": trimmed, cached, and played in place of the old one. */
+    Q_INVOKABLE void videoPicked(const QUrl &file);
     /** The delegate of every layer. */
     [[nodiscard]] LayerEvents *layerEvents() { return m_layerEvents.get(); }
 
@@ -241,6 +262,7 @@ Q_SIGNALS:
     void didLeave();
     /** SAVE was pressed in an editor that does not save by itself. */
     void saveRequested();
+    void soundChanged();
 
 protected:
     /**
@@ -253,6 +275,8 @@ private:
     void removeLayers(LayerKind kind, const QList<qint64> &indexes, bool deselect) override;
     void makeLayer(const ReplayRecord &record) override;
     void openDocument();
+    /** After a load: the document's movie and music start. */
+    bool loadVideo();
     void finishLeaving(const QPointer<AlertModel> &notice);
     /** The sticker picture handed back: a new sticker, or the selected sticker's picture replaced. */
     void takeStickerPicture();
@@ -274,4 +298,5 @@ private:
     SaveFlow *const m_saving;
     ToolMenus *const m_menus;
     const Storyboard *m_storyboard = nullptr;
+    VideoBackground *const m_video;
 };

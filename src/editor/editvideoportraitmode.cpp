@@ -1,5 +1,17 @@
 #include "editvideoportraitmode.h"
 
+#include "videobackground.h"
+
 EditVideoPortraitMode::EditVideoPortraitMode(QObject *parent)
-    : EditorSession("EditVideoPortraitMode", parent)
+    : EditVideoPortraitMode("EditVideoPortraitMode", parent)
 { }
+
+EditVideoPortraitMode::EditVideoPortraitMode(const char *className, QObject *parent)
+    : EditorSession(className, parent, DesignKind::Video)
+{ }
+
+void EditVideoPortraitMode::setStoryboard(const Storyboard *storyboard)
+{
+    EditorSession::setStoryboard(storyboard);
+    video()->setStoryboard(storyboard);
+}

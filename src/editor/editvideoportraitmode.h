@@ -2,9 +2,11 @@
 
 #include "editorsession.h"
 
+class Storyboard;
+
 /**
- * The editor of portrait video designs: the design's layers over its video. It takes no outlined
- * slots; the video view, its sound and the export join it with the video subsystem.
+ * The editor of portrait video designs: the design's layers over its looping movie, with the sound button,
+ * the music and the replacement of the movie (VideoBackground). It takes no outlined slots.
  */
 class EditVideoPortraitMode : public EditorSession
 {
@@ -12,5 +14,12 @@ class EditVideoPortraitMode : public EditorSession
 public:
     explicit EditVideoPortraitMode(QObject *parent = nullptr);
 
+    /** Where the trimmer that this editor opens comes from. */
+    void setStoryboard(const Storyboard *storyboard) override;
+
     [[nodiscard]] bool hasOutlinedSlots() const override { return false; }
+
+protected:
+    /** The landscape twin; `className` names it in the log. */
+    EditVideoPortraitMode(const char *className, QObject *parent);
 };

@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFutureWatcher>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -71,6 +72,16 @@ std::optional<QString> VideoCache::cachedFile(const QUrl &url)
 
 void VideoCache::fetch(const QUrl &url, QObject *context, Completion completion)
 {
+    request(url, false, context, std::move(completion));
+}
+
+void VideoCache::storeFile(const QString &path, QObject *context, Completion completion)
+{
+    request(QUrl::fromLocalFile(path), true, context, std::move(completion));
+}
+
+void VideoCache::request(const QUrl &url, bool isPickedFile, QObject *context, Completion completion)
+{
     const bool hasContext = context != nullptr;
     Completion guarded = [guard = QPointer<QObject>(context), hasContext, completion = std::move(completion)](
                              const std::optional<QString> &file, const QString &error) {
@@ -88,6 +99,13 @@ void VideoCache::fetch(const QUrl &url, QObject *context, Completion completion)
     m_waiting[address].append(std::move(guarded));
     if (running)
         return;
+    if (isPickedFile) {
+        store(address, [path = url.toLocalFile()] {
+            QFile file(path);
+            return file.open(QIODevice::ReadOnly) ? writeVideo(file.readAll()) : QString();
+        });
+        return;
+    }
     if (!RemoteAddress::isRemote(url)) {
         QMetaObject::invokeMethod(
             this,
@@ -110,19 +128,24 @@ void VideoCache::download(const QUrl &url, const QString &address)
             finish(address, std::nullopt, reply->errorString());
             return;
         }
-        auto *watcher = new QFutureWatcher<QString>(this);
-        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, address] {
-            watcher->deleteLater();
-            const QString name = watcher->result();
-            if (name.isEmpty()) {
-                finish(address, std::nullopt, QStringLiteral("could not write the video to Documents"));
-                return;
-            }
-            index().setString(address, name);
-            finish(address, AppPaths::documents() + QLatin1Char('/') + name, QString());
-        });
-        watcher->setFuture(QtConcurrent::run(writeVideo, reply->readAll()));
+        store(address, [bytes = reply->readAll()] { return writeVideo(bytes); });
     });
+}
+
+void VideoCache::store(const QString &address, std::function<QString()> write)
+{
+    auto *watcher = new QFutureWatcher<QString>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, address] {
+        watcher->deleteLater();
+        const QString name = watcher->result();
+        if (name.isEmpty()) {
+            finish(address, std::nullopt, QStringLiteral("could not write the video to Documents"));
+            return;
+        }
+        index().setString(address, name);
+        finish(address, AppPaths::documents() + QLatin1Char('/') + name, QString());
+    });
+    watcher->setFuture(QtConcurrent::run(std::move(write)));
 }
 
 void VideoCache::finish(const QString &address, const std::optional<QString> &file, const QString &error)

@@ -41,10 +41,19 @@ public:
      * milliseconds with ".mov". Dropped when `context` has gone.
      */
     void fetch(const QUrl &url, QObject *context, Completion completion);
+    /**
+     * A movie the user picked or trimmed, copied into Documents like a download and kept under its file
+     * address; the copy outlives the temporary folder. Only this entry point reads local files, so that a
+     * document naming one cannot have it copied.
+     */
+    void storeFile(const QString &path, QObject *context, Completion completion);
 
 private:
     UserDefaults &index();
+    void request(const QUrl &url, bool isPickedFile, QObject *context, Completion completion);
     void download(const QUrl &url, const QString &address);
+    /** Runs `write` off the GUI thread; the name it gives back is indexed under `address`. */
+    void store(const QString &address, std::function<QString()> write);
     void finish(const QString &address, const std::optional<QString> &file, const QString &error);
 
     QNetworkAccessManager *m_network;

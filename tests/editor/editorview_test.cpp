@@ -1,6 +1,7 @@
 #include "appassets.h"
 #include "assetimageprovider.h"
 #include "editorfixture.h"
+#include "editvideoportraitmode.h"
 #include "resizableimageview.h"
 #include "resizableview.h"
 
@@ -16,6 +17,7 @@
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_VideoPlugin)
 
 // The editor screen over a real session: the bar buttons follow the session, and the layer panel
 // shows the rows that the layer button fills.
@@ -51,6 +53,33 @@ TEST(EditorViewBar, UndoRedoAndLayerButtonsFollowTheSession)
     EXPECT_EQ(child("layerTableView")->property("count").toInt(), 2);
     QMetaObject::invokeMethod(child("btnClose"), "clicked");
     EXPECT_FALSE(f.editor.layersShown());
+}
+
+// The sound button and the movie under the canvas belong to the video editors; the button stays disabled
+// while no movie is loaded.
+TEST(EditorViewBar, TheSoundButtonAndTheMovieAreTheVideoEditors)
+{
+    EditorFixture f;
+    EditVideoPortraitMode video;
+    video.setCanvasArea(QRectF(0, 0, 360, 640));
+    ASSERT_TRUE(video.loadTemplate(Mapper::map<Json>(QStringLiteral(R"({"width": 360, "height": 640})"))));
+    QQmlEngine engine;
+    engine.addImportPath(QStringLiteral("qrc:/"));
+    QQmlComponent component(&engine, QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
+    for (EditorSession *session : { static_cast<EditorSession *>(&f.editor), static_cast<EditorSession *>(&video) }) {
+        std::unique_ptr<QObject> screen(component.createWithInitialProperties(
+            { { QStringLiteral("vc"), QVariant::fromValue(static_cast<QObject *>(session)) },
+                { QStringLiteral("width"), 390 }, { QStringLiteral("height"), 844 } }));
+        ASSERT_TRUE(screen) << component.errorString().toStdString();
+        QObject *button = screen->findChild<QObject *>(QStringLiteral("soundButton"));
+        QObject *movie = screen->findChild<QObject *>(QStringLiteral("videoLayer"));
+        ASSERT_TRUE(button && movie);
+        const bool isVideo = session == &video;
+        EXPECT_EQ(button->property("visible").toBool(), isVideo);
+        EXPECT_EQ(movie->property("active").toBool(), isVideo);
+        EXPECT_FALSE(button->property("enabled").toBool());
+        EXPECT_EQ(button->property("asset").toString(), QStringLiteral("ic_volume"));
+    }
 }
 
 // Every picture of the screen that names one of the application's own pictures gets a drawn one: the bar's

@@ -4,7 +4,12 @@
 #include "testmedia.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -84,4 +89,66 @@ TEST_F(VideoToolTest, GifMakesTheGifAtTheSizeRuleOfTheRenderSize)
         QStringLiteral("160x90"), QStringLiteral("-o"), failed });
     EXPECT_EQ(notMovie.exitCode, 1);
     EXPECT_FALSE(QFileInfo::exists(failed));
+}
+
+// The edit command on a video design: the music that the audio library hands over, the video's own sound
+// back, and a movie in place of the background movie, cached into Documents.
+TEST_F(VideoToolTest, EditHandsOverTheMusicAndReplacesTheMovieOfAVideoDesign)
+{
+    const QString first = media.movie(QStringLiteral("first.mp4"), QStringLiteral("testsrc2=s=160x284:r=25"), 2, true);
+    const QString picked = media.movie(QStringLiteral("picked.mp4"), QStringLiteral("testsrc=s=160x284:r=25"), 1);
+    const QString music = media.music(QStringLiteral("music.m4a"), 1.5);
+    auto write = [this](const QString &name, const QJsonValue &json) {
+        const QString path = home.filePath(name);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(json.isArray() ? QJsonDocument(json.toArray()).toJson() : QJsonDocument(json.toObject()).toJson());
+        return path;
+    };
+    const QString design = write(QStringLiteral("video.json"),
+        QJsonObject { { "width", 540 }, { "height", 960 }, { "is_Video", true },
+            { "background_json", QJsonObject { { "background_image", QUrl::fromLocalFile(first).toString() } } } });
+    auto edit = [&](const QString &document, const QJsonArray &steps) {
+        const ToolRun run = runQuilletTool({ QStringLiteral("edit"), document, QStringLiteral("--area"),
+            QStringLiteral("360x640"), QStringLiteral("--steps"), write(QStringLiteral("steps.json"), steps) });
+        return std::make_pair(run, QJsonDocument::fromJson(run.out.toUtf8()).object());
+    };
+
+    const auto [withMusic, result] = edit(design,
+        { QJsonObject { { "op", "music" }, { "url", music } },
+            QJsonObject { { "op", "replaceVideo" }, { "path", picked } } });
+    ASSERT_EQ(withMusic.exitCode, 0) << withMusic.err.toStdString();
+    const QJsonObject master = result.value(QStringLiteral("masterJson")).toObject();
+    const QString musicUrl = QUrl::fromLocalFile(music).toString(QUrl::FullyEncoded);
+    EXPECT_EQ(
+        master.value(QStringLiteral("audio_json")).toObject().value(QStringLiteral("audio_url")).toString(), musicUrl);
+    const QString movie = master.value(QStringLiteral("background_json"))
+                              .toObject()
+                              .value(QStringLiteral("background_image"))
+                              .toString();
+    EXPECT_EQ(QFileInfo(QUrl(movie).toLocalFile()).absolutePath(), QFileInfo(documents).absoluteFilePath());
+    EXPECT_EQ(streamsOf(QUrl(movie).toLocalFile(), QStringLiteral("video")).size(), 1u);
+    const QJsonObject video = result.value(QStringLiteral("video")).toObject();
+    EXPECT_EQ(video.value(QStringLiteral("url")).toString(), movie);
+    EXPECT_EQ(video.value(QStringLiteral("audioURL")).toString(), musicUrl);
+    EXPECT_TRUE(video.value(QStringLiteral("playerMuted")).toBool());
+    EXPECT_TRUE(video.value(QStringLiteral("soundEnabled")).toBool());
+
+    const auto [ownSound, back] = edit(write(QStringLiteral("withmusic.json"), master),
+        { QJsonObject { { "op", "music" }, { "url", QJsonValue::Null } } });
+    ASSERT_EQ(ownSound.exitCode, 0) << ownSound.err.toStdString();
+    EXPECT_TRUE(back.value(QStringLiteral("masterJson")).toObject().value(QStringLiteral("audio_json")).isNull()
+        || !back.value(QStringLiteral("masterJson")).toObject().contains(QStringLiteral("audio_json")));
+    EXPECT_FALSE(back.value(QStringLiteral("video")).toObject().value(QStringLiteral("playerMuted")).toBool());
+    EXPECT_TRUE(back.value(QStringLiteral("video")).toObject().value(QStringLiteral("audioURL")).isNull());
+
+    const QString image = write(QStringLiteral("image.json"), QJsonObject { { "width", 540 }, { "height", 960 } });
+    const ToolRun refused = edit(image, { QJsonObject { { "op", "music" }, { "url", music } } }).first;
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.err.contains(QStringLiteral("takes a video design"))) << refused.err.toStdString();
+    const ToolRun missing = edit(
+        design, { QJsonObject { { "op", "replaceVideo" }, { "path", home.filePath(QStringLiteral("nothing.mp4")) } } })
+                                .first;
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_TRUE(missing.err.contains(QStringLiteral("no movie at"))) << missing.err.toStdString();
 }

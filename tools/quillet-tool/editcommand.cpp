@@ -6,6 +6,8 @@
 #include "designstore.h"
 #include "editimageportraitmode.h"
 #include "editorinput.h"
+#include "editsteps.h"
+#include "editvideoportraitmode.h"
 #include "hexcolor.h"
 #include "layerkinds.h"
 #include "mapper.h"
@@ -30,12 +32,6 @@ namespace {
 
 using ordered_json = nlohmann::ordered_json;
 
-// What went wrong with one step; the command stops there.
-struct StepError
-{
-    QString message;
-};
-
 // The layers of the canvas, back to front, as "kind:index".
 QStringList stackOf(const EditorSession &session)
 {
@@ -51,14 +47,14 @@ QStringList stackOf(const EditorSession &session)
 class StepRunner
 {
 public:
-    explicit StepRunner(EditImagePortraitMode &session)
+    explicit StepRunner(EditorSession &session)
         : m_session(session)
     { }
 
     void run(const ordered_json &step)
     {
         if (m_left)
-            throw StepError { QStringLiteral("the editor has been left; \"leave\" is the last step") };
+            throw EditStepError { QStringLiteral("the editor has been left; \"leave\" is the last step") };
         const QString op = text(step, "op");
         const QString previous = std::exchange(m_lastOp, op);
         if (op != QLatin1String("reorder") && m_session.layersShown())
@@ -111,8 +107,8 @@ public:
             m_session.redo();
         else if (op == QLatin1String("leave"))
             leave();
-        else
-            throw StepError { QStringLiteral("unknown op \"%1\"").arg(op) };
+        else if (!VideoSteps::run(m_session, op, step))
+            throw EditStepError { QStringLiteral("unknown op \"%1\"").arg(op) };
     }
 
 private:
@@ -120,7 +116,7 @@ private:
     {
         const auto found = step.find(key);
         if (found == step.end() || !found->is_string())
-            throw StepError { QStringLiteral("the step needs a text \"%1\"").arg(QLatin1String(key)) };
+            throw EditStepError { QStringLiteral("the step needs a text \"%1\"").arg(QLatin1String(key)) };
         return QString::fromStdString(found->get<std::string>());
     }
 
@@ -128,7 +124,7 @@ private:
     {
         const auto found = step.find(key);
         if (found == step.end() || !found->is_number())
-            throw StepError { QStringLiteral("the step needs a number \"%1\"").arg(QLatin1String(key)) };
+            throw EditStepError { QStringLiteral("the step needs a number \"%1\"").arg(QLatin1String(key)) };
         return found->get<double>();
     }
 
@@ -138,7 +134,7 @@ private:
             return std::nullopt;
         const QColor color = HexColor::fromString(text(step, "color"));
         if (!color.isValid())
-            throw StepError { QStringLiteral("\"color\" is not a hexadecimal colour") };
+            throw EditStepError { QStringLiteral("\"color\" is not a hexadecimal colour") };
         return color;
     }
 
@@ -148,7 +144,7 @@ private:
         const QString name = text(step, "layer");
         if (View *found = EditorInput::findLayer(m_session, name))
             return found;
-        throw StepError { QStringLiteral("no layer \"%1\"").arg(name) };
+        throw EditStepError { QStringLiteral("no layer \"%1\"").arg(name) };
     }
 
     // A gesture of a sticker or a text, which is selected first as the user's tap does.
@@ -156,7 +152,7 @@ private:
     {
         auto *view = qobject_cast<LayerView *>(layer(step));
         if (!view)
-            throw StepError { QStringLiteral("\"%1\" takes no gestures").arg(text(step, "layer")) };
+            throw EditStepError { QStringLiteral("\"%1\" takes no gestures").arg(text(step, "layer")) };
         if (!view->isSelected())
             view->tapGesture();
         return view;
@@ -206,7 +202,7 @@ private:
     void spacing(const ordered_json &step, ToolSliders::Slider slider)
     {
         if (!qobject_cast<ResizableView *>(gestureLayer(step)))
-            throw StepError { QStringLiteral("\"%1\" is no text").arg(text(step, "layer")) };
+            throw EditStepError { QStringLiteral("\"%1\" is no text").arg(text(step, "layer")) };
         if (slider == ToolSliders::Slider::LetterSpacing)
             m_session.sliders()->setLetterSpacing(number(step, "value"));
         else
@@ -218,7 +214,7 @@ private:
     {
         auto *view = qobject_cast<LayerView *>(layer(step));
         if (!view)
-            throw StepError { QStringLiteral("\"%1\" has no close button").arg(text(step, "layer")) };
+            throw EditStepError { QStringLiteral("\"%1\" has no close button").arg(text(step, "layer")) };
         view->buttonTapGesture();
     }
 
@@ -227,7 +223,7 @@ private:
         const QString path = text(step, key);
         QImage picture(path);
         if (picture.isNull())
-            throw StepError { QStringLiteral("cannot read the picture %1").arg(path) };
+            throw EditStepError { QStringLiteral("cannot read the picture %1").arg(path) };
         return picture;
     }
 
@@ -245,7 +241,7 @@ private:
         } else if (step.contains("texture")) {
             m_session.background().takePattern(picture(step, "texture"));
         } else {
-            throw StepError { QStringLiteral("a background step needs \"color\", \"image\" or \"texture\"") };
+            throw EditStepError { QStringLiteral("a background step needs \"color\", \"image\" or \"texture\"") };
         }
     }
 
@@ -253,7 +249,7 @@ private:
     {
         const double row = number(step, "row");
         if (row != 0 && row != 1)
-            throw StepError { QStringLiteral("\"row\" is 0 (mirror) or 1 (half turn)") };
+            throw EditStepError { QStringLiteral("\"row\" is 0 (mirror) or 1 (half turn)") };
         m_session.backgroundTools()->flip(int(row));
     }
 
@@ -266,7 +262,7 @@ private:
         const auto row
             = std::find_if(items.cbegin(), items.cend(), [&name](const FilterItem &item) { return item.name == name; });
         if (row == items.cend())
-            throw StepError { QStringLiteral("no filter \"%1\"").arg(name) };
+            throw EditStepError { QStringLiteral("no filter \"%1\"").arg(name) };
         BackgroundTools *tools = m_session.backgroundTools();
         if (!menuOpen)
             tools->setupCoreImage();
@@ -278,7 +274,7 @@ private:
     {
         auto *slot = qobject_cast<SlotView *>(layer(step));
         if (!slot)
-            throw StepError { QStringLiteral("\"%1\" is no slot").arg(text(step, "layer")) };
+            throw EditStepError { QStringLiteral("\"%1\" is no slot").arg(text(step, "layer")) };
         return slot;
     }
 
@@ -300,7 +296,7 @@ private:
     {
         SlotView *slot = slotLayer(step);
         if (slot->isEmpty())
-            throw StepError { QStringLiteral("\"%1\" holds no picture").arg(text(step, "layer")) };
+            throw EditStepError { QStringLiteral("\"%1\" holds no picture").arg(text(step, "layer")) };
         if (!slot->takesGestures())
             slot->tapGesture();
         return slot;
@@ -336,7 +332,7 @@ private:
     {
         auto *outlined = qobject_cast<BorderedResizableImageView *>(slotLayer(step));
         if (!outlined)
-            throw StepError { QStringLiteral("only an outlined slot takes a double tap") };
+            throw EditStepError { QStringLiteral("only an outlined slot takes a double tap") };
         outlined->doubleTapGesture();
     }
 
@@ -344,7 +340,7 @@ private:
     {
         View *view = layer(step);
         if (!qobject_cast<LayerView *>(view))
-            throw StepError { QStringLiteral("\"%1\" cannot be duplicated").arg(text(step, "layer")) };
+            throw EditStepError { QStringLiteral("\"%1\" cannot be duplicated").arg(text(step, "layer")) };
         qobject_cast<LayerView *>(view)->tapGesture();
         m_session.duplicateClicked();
     }
@@ -358,7 +354,7 @@ private:
         const double to = number(step, "to");
         const int rows = m_session.layerModel()->count();
         if (from < 0 || to < 0 || from >= rows || to >= rows)
-            throw StepError { QStringLiteral("the layer panel has %1 rows").arg(rows) };
+            throw EditStepError { QStringLiteral("the layer panel has %1 rows").arg(rows) };
         m_session.positionChanged(static_cast<int>(from), static_cast<int>(to));
     }
 
@@ -376,7 +372,7 @@ private:
             loop.exec();
     }
 
-    EditImagePortraitMode &m_session;
+    EditorSession &m_session;
     QString m_lastOp;
     bool m_left = false;
 };
@@ -428,24 +424,28 @@ int edit(const QStringList &args)
     if (!steps->is_array())
         return toolFail(QStringLiteral("%1 is not a JSON array of steps").arg(stepsPath));
 
+    // A stored design opens as the designs list opens it again; anything else as a template.
+    const std::shared_ptr<Json> design = reEdit ? readStoredDesign(*document) : Mapper::map<Json>(*document);
     DesignStore store;
-    EditImagePortraitMode session;
+    std::unique_ptr<EditorSession> editor;
+    if (design && design->is_Video)
+        editor = std::make_unique<EditVideoPortraitMode>();
+    else
+        editor = std::make_unique<EditImagePortraitMode>();
+    EditorSession &session = *editor;
     session.setDesignStore(&store);
     session.setCanvasArea(QRectF(QPointF(0, 0), area));
     session.screenSize = area;
-    // A stored design opens as the designs list opens it again; anything else as a template.
-    const bool loaded
-        = reEdit ? session.loadReEdit(readStoredDesign(*document)) : session.loadTemplate(Mapper::map<Json>(*document));
-    if (!loaded)
+    if (!(reEdit ? session.loadReEdit(design) : session.loadTemplate(design)))
         return toolFail(session.errorString());
     StepRunner runner(session);
     for (std::size_t i = 0; i < steps->size(); ++i) {
         const ordered_json &step = steps->at(i);
         try {
             if (!step.is_object())
-                throw StepError { QStringLiteral("a step is a JSON object") };
+                throw EditStepError { QStringLiteral("a step is a JSON object") };
             runner.run(step);
-        } catch (const StepError &failure) {
+        } catch (const EditStepError &failure) {
             return toolFail(QStringLiteral("step %1: %2").arg(i + 1).arg(failure.message));
         }
     }
@@ -463,6 +463,8 @@ int edit(const QStringList &args)
     for (const QString &entry : stackOf(session))
         stack.push_back(entry.toStdString());
     result["stack"] = std::move(stack);
+    if (const ordered_json video = VideoSteps::state(session); !video.is_null())
+        result["video"] = video;
     std::fprintf(stdout, "%s\n", Mapper::print(result, true).toUtf8().constData());
     return 0;
 }

@@ -69,7 +69,18 @@ void CatalogContentPage::didSelectItem(int index)
 {
     if (m_preparing || index < 0 || index >= itemsArray.size())
         return;
-    const std::shared_ptr<Json> item = itemsArray.at(index);
+    openItem(itemsArray.at(index));
+}
+
+void CatalogContentPage::handBack(ContentCategoryPager &pager, const QImage &picture, const Json &item)
+{
+    Q_UNUSED(pager)
+    Q_UNUSED(picture)
+    Q_UNUSED(item)
+}
+
+void CatalogContentPage::openItem(const std::shared_ptr<Json> &item)
+{
     const QString address = pictureAddress(*item);
     if (address.isEmpty())
         return;

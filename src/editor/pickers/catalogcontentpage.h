@@ -38,7 +38,7 @@ public:
 
     /** The first time the page shows, its catalog loads. */
     void viewWillAppear() override;
-    /** A tap on a picture: its full picture, then the hand-back. */
+    /** A tap on an item: openItem(). */
     Q_INVOKABLE void didSelectItem(int index);
 
     /** The address of an item's full picture. */
@@ -54,11 +54,14 @@ protected:
     void startLoad() override;
     bool show(const QJsonObject &answer) override;
     [[nodiscard]] ContentCategoryPager *pager() const;
-    /** Gives the fetched picture of `item` to the editor through the pager. */
-    virtual void handBack(ContentCategoryPager &pager, const QImage &picture, const Json &item) = 0;
+    /** A tapped item: by default its full picture is fetched, then handed back. */
+    virtual void openItem(const std::shared_ptr<Json> &item);
+    /** Gives the fetched picture of `item` to the editor through the pager; pages that open items otherwise hand
+     * nothing back. */
+    virtual void handBack(ContentCategoryPager &pager, const QImage &picture, const Json &item);
+    void setPreparing(bool preparing);
 
 private:
-    void setPreparing(bool preparing);
     bool m_started = false;
     bool m_preparing = false;
 };

@@ -3,9 +3,8 @@
 #include "applog.h"
 #include "editorsession.h"
 #include "navigationcontroller.h"
+#include "videobackground.h"
 #include "videocache.h"
-
-#include <QVariant>
 
 ShowBGVideoSampleVC::ShowBGVideoSampleVC(QObject *parent)
     : TemplateSample(parent)
@@ -40,7 +39,12 @@ void ShowBGVideoSampleVC::open()
     if (isCreateOwn) {
         contentJson = resultJson;
         deviceOrientation = orientationFor(*resultJson);
-        pushEditor(QStringLiteral("EditVideoPortraitMode"), [](EditorSession &editor) { editor.isCreateOwn = true; });
+        // The new design plays the movie this screen has cached.
+        pushEditor(QStringLiteral("EditVideoPortraitMode"), [this](EditorSession &editor) {
+            editor.isCreateOwn = true;
+            if (VideoBackground *video = editor.video())
+                video->newVideoURL = m_videoFile;
+        });
         return;
     }
     // Reached from an open video editor: it sits three places from the top, below its pickers.
@@ -48,9 +52,11 @@ void ShowBGVideoSampleVC::open()
     const QList<ViewController *> screens = stack ? stack->viewControllers() : QList<ViewController *>();
     if (screens.size() < 3)
         return;
-    ViewController *editor = screens.at(screens.size() - 3);
-    if (editor->identifier() != QLatin1String("EditVideoPortraitMode"))
+    ViewController *screen = screens.at(screens.size() - 3);
+    auto *editor = qobject_cast<EditorSession *>(screen);
+    if (screen->identifier() != QLatin1String("EditVideoPortraitMode") || !editor || !editor->video())
         return;
-    editor->setProperty("newVideoURL", QUrl(resultJson->video_file.value_or(QString())));
+    // The cached copy rather than the remote address: the design keeps a file that outlives the server's address.
+    editor->video()->newVideoURL = m_videoFile;
     stack->popTo(editor);
 }

@@ -40,7 +40,7 @@ struct RoutedEditor
     {
         editor->menus()->didSelectTopRow(row);
         ViewController *top = navigation.topViewController();
-        const QString name = top == editor ? QString() : QString::fromLatin1(top->metaObject()->className());
+        QString name = top == editor ? QString() : QString::fromLatin1(top->metaObject()->className());
         if (auto *pager = qobject_cast<ContentCategoryPager *>(top)) {
             lastCategory = pager->categoryId;
             lastVcTag = pager->vcTag;

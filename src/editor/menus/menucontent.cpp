@@ -19,11 +19,12 @@ namespace {
 // A tap on an arrow moves the layer this far, in canvas points.
 constexpr qreal nudgeStep = 2.0;
 
-QList<MenuItem> wordRows(const QStringList &words)
+// Rows of words, each under `image` when one is given.
+QList<MenuItem> wordRows(const QStringList &words, const QString &image = {})
 {
     QList<MenuItem> items;
     for (const QString &word : words)
-        items.append({ QString(), word, QString() });
+        items.append({ image, word, image.isEmpty() ? QString() : image + QStringLiteral("_select") });
     return items;
 }
 
@@ -61,7 +62,7 @@ QList<MenuItem> MenuContent::rows(int contentTag) const
         QStringList names;
         for (const FilterItem &item : PhotoFilters::filterItemsArray())
             names.append(item.name);
-        return wordRows(names);
+        return wordRows(names, QStringLiteral("menu_filter"));
     }
     case ContentTag::textureDetailsTag:
         return MenuItems::pictureRows(MenuItems::texturePatternItemsArray());

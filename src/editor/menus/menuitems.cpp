@@ -137,7 +137,7 @@ QList<MenuItem> shapeCropItemsArray()
 
 QList<MenuItem> fontMenuItems(EditorKind kind)
 {
-    const QList<MenuItem> landscape { suffixed("Edit", "menu_text_edit"), suffixed("Control", "menu_handle_control"),
+    QList<MenuItem> landscape { suffixed("Edit", "menu_text_edit"), suffixed("Control", "menu_handle_control"),
         suffixed("Rotation", "menu_handle_rotation"), suffixed("Size", "menu_handle_scale"),
         suffixed("Font type", "fontStyle"), suffixed("Color", "menu_color"), suffixed("Texture", "menu_textbg"),
         suffixed("Shadow", "ic_text_shadow"), suffixed("Style", "font_alignment"), suffixed("Opacity", "menu_opacity"),
@@ -210,7 +210,8 @@ QStringList colorsArray()
         QFile file(QStringLiteral(":/Quillet/Editor/data/shapecropcolors.json"));
         if (!file.open(QIODevice::ReadOnly))
             return read;
-        for (const QJsonValue &entry : QJsonDocument::fromJson(file.readAll()).array())
+        const QJsonArray entries = QJsonDocument::fromJson(file.readAll()).array();
+        for (const QJsonValue entry : entries)
             read.append(entry.toObject().value(QLatin1String("rgb")).toString());
         return read;
     }();

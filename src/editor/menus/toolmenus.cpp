@@ -130,6 +130,8 @@ void ToolMenus::openBar(int menuTag, const QList<MenuItem> &rows, int contentTag
 
 void ToolMenus::showContent(int contentTag, Control control)
 {
+    // The tip belongs to the font tool, which shows it after its content.
+    hidePopTip();
     m_contentTag = contentTag;
     m_contentRows = m_content->rows(contentTag);
     m_contentSelectedIndex = -1;

@@ -1,6 +1,7 @@
 #include "audiooutputs.h"
 #include "designstore.h"
 #include "editimageportraitmode.h"
+#include "editorscreens.h"
 #include "editvideoportraitmode.h"
 #include "mapper.h"
 #include "navigationcontroller.h"
@@ -73,6 +74,32 @@ QString documentsOf(const TestHome &home)
 }
 
 } // namespace
+
+// The storyboard makes the five editors on one view; they differ in their movie and in outlined slots only.
+TEST(EditorScreens, TheFiveEditorsDifferInTheirMovieAndOutlinedSlots)
+{
+    Storyboard storyboard;
+    EditorScreens::registerScreens(storyboard);
+    const struct
+    {
+        const char *identifier;
+        bool video;
+        bool outlinedSlots;
+    } editors[] = { { "EditImagePortraitMode", false, true }, { "MoreEditImageVC", false, false },
+        { "HighLightEditor", false, true }, { "EditVideoPortraitMode", true, false },
+        { "MoreEditVideoVC", true, false } };
+    for (const auto &expected : editors) {
+        const QString identifier = QString::fromLatin1(expected.identifier);
+        std::unique_ptr<ViewController> screen(storyboard.instantiate(identifier));
+        auto *editor = qobject_cast<EditorSession *>(screen.get());
+        ASSERT_NE(editor, nullptr) << expected.identifier;
+        EXPECT_EQ(editor->identifier(), identifier);
+        EXPECT_EQ(editor->viewUrl(), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
+        EXPECT_EQ(editor->hasSoundButton(), expected.video) << expected.identifier;
+        EXPECT_EQ(editor->videoView() != nullptr, expected.video) << expected.identifier;
+        EXPECT_EQ(editor->hasOutlinedSlots(), expected.outlinedSlots) << expected.identifier;
+    }
+}
 
 TEST_F(VideoEditorTest, TheSoundButtonIsOnlyInTheVideoEditorsAndEnabledOnlyWithAVideo)
 {

@@ -11,7 +11,6 @@
 #include "designsscreens.h"
 #include "editimageportraitmode.h"
 #include "editorscreens.h"
-#include "editvideoportraitmode.h"
 #include "fontpickerscreens.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
@@ -26,6 +25,7 @@
 #include "storyboard.h"
 #include "videoscreens.h"
 
+#include <QApplication>
 #include <QCommandLineParser>
 #include <QDesktopServices>
 #include <QDirIterator>
@@ -80,8 +80,6 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
         home->setStoryboard(&storyboard);
         return home;
     });
-    storyboard.registerScreen<EditVideoPortraitMode>(
-        QStringLiteral("EditVideoPortraitMode"), QUrl(QStringLiteral("qrc:/Quillet/Editor/EditorView.qml")));
     storyboard.registerScreen<PrintInteractionController>(
         QStringLiteral("PrintInteractionController"), QUrl(views + QStringLiteral("PrintInteractionView.qml")));
     EditorScreens::registerScreens(storyboard);
@@ -189,7 +187,8 @@ int selfTest(QQmlApplicationEngine &engine, const Storyboard &storyboard)
 
 int main(int argc, char **argv)
 {
-    QGuiApplication app(argc, argv);
+    // A widgets application, for the system tray that shows the export's notice.
+    QApplication app(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("Quillet"));
     QGuiApplication::setOrganizationName(QStringLiteral("Quillet"));
     if (qEnvironmentVariableIsEmpty("QT_QUICK_CONTROLS_STYLE"))

@@ -1,7 +1,10 @@
 #include "editorscreens.h"
 
 #include "editimageportraitmode.h"
+#include "editvideoportraitmode.h"
+#include "exportview.h"
 #include "saveimagevc.h"
+#include "savevideovc.h"
 #include "storyboard.h"
 
 namespace EditorScreens {
@@ -16,8 +19,23 @@ void registerScreens(Storyboard &storyboard, const PhotoAlbum &album)
             return editor;
         });
     storyboard.registerFactory(
+        QStringLiteral("EditVideoPortraitMode"), QUrl(views + QStringLiteral("EditorView.qml")), [&storyboard] {
+            auto *editor = new EditVideoPortraitMode();
+            editor->setStoryboard(&storyboard);
+            return editor;
+        });
+    storyboard.registerFactory(
         QStringLiteral("SaveImageVC"), QUrl(views + QStringLiteral("SaveImageVCView.qml")), [&storyboard, album] {
             auto *screen = new SaveImageVC();
+            screen->setStoryboard(&storyboard);
+            screen->setPhotoAlbum(album);
+            return screen;
+        });
+    storyboard.registerScreen<ExportView>(
+        QStringLiteral("ExportView"), QUrl(views + QStringLiteral("ExportViewView.qml")));
+    storyboard.registerFactory(
+        QStringLiteral("SaveVideoVC"), QUrl(views + QStringLiteral("SaveVideoVCView.qml")), [&storyboard, album] {
+            auto *screen = new SaveVideoVC();
             screen->setStoryboard(&storyboard);
             screen->setPhotoAlbum(album);
             return screen;

@@ -2,6 +2,7 @@
 #include "testhome.h"
 #include "testmedia.h"
 
+#include "alertmodel.h"
 #include "apppaths.h"
 #include "designsscreens.h"
 #include "designstore.h"
@@ -43,6 +44,8 @@ struct ExportFixture
             QObject::connect(screen, &SaveVideoVC::progressPanelChanged, [this, screen] {
                 if (PanelModel *panel = screen->progressPanel()) {
                     panelTitles.append(panel->text());
+                    if (!panel->detailText().isEmpty())
+                        details.append(panel->detailText());
                     QObject::connect(
                         panel, &PanelModel::detailTextChanged, [this, panel] { details.append(panel->detailText()); });
                 }
@@ -143,6 +146,8 @@ TEST(VideoExportChoice, SavePressedAsksMovieOrGifAndTheAnswerHandsOverBehindAWai
     ASSERT_NE(screen, nullptr);
     EXPECT_EQ(screen->title(), QStringLiteral("Success"));
     EXPECT_EQ(screen->mediaType, ExportMediaType::GIF);
+    QSignalSpy finished(screen, &SaveVideoVC::exportFinished);
+    EXPECT_TRUE(finished.wait(30000));
 }
 
 TEST(VideoExportSnapshot, DrawnAtTheRenderSizeWithoutChromeAndClearWhereTheVideoShows)
@@ -299,6 +304,9 @@ TEST(VideoExportResult, DeleteAsksFirstThenRemovesTheAlbumsNewestAndLeavesTheDes
     const QString albumFile = screen->albumFile();
     ASSERT_TRUE(QFileInfo::exists(albumFile));
 
+    // The review prompts that the export asked for come first.
+    while (f.navigation.alert())
+        f.navigation.alert()->trigger(f.navigation.alert()->cancelTitle());
     screen->deleteClicked();
     ASSERT_TRUE(f.navigation.alert());
     EXPECT_EQ(f.navigation.alert()->title(), QStringLiteral("Confirm"));
@@ -322,8 +330,10 @@ TEST(VideoExportResult, TheExportGoesOnWhenTheUserLeavesTheScreen)
     f.open(video);
     QPointer<VideoExport> running;
     QObject::connect(&f.editor->exportFlow(), &VideoExportFlow::handedOver, [&running](SaveVideoVC *screen) {
-        QObject::connect(screen, &SaveVideoVC::progressPanelChanged,
-            [&running, screen] { running = running ? running : screen->videoExport(); });
+        QObject::connect(screen, &SaveVideoVC::progressPanelChanged, [&running, screen] {
+            if (!running)
+                running = screen->videoExport();
+        });
     });
     f.editor->exportFlow().exportAs(ExportMediaType::Video);
     ASSERT_TRUE(QTest::qWaitFor([&] { return running; }, 10000));

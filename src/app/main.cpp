@@ -11,6 +11,7 @@
 #include "designsscreens.h"
 #include "editimageportraitmode.h"
 #include "editorscreens.h"
+#include "editvideoportraitmode.h"
 #include "fontpickerscreens.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
@@ -24,6 +25,7 @@
 #include "qffontpicker.h"
 #include "storyboard.h"
 #include "videoscreens.h"
+#include "videoview.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -87,8 +89,31 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
     MyDesignsScreens::registerScreens(storyboard);
 }
 
+// A video design of --open in the video editor over its movie; --save "choice" presses SAVE, "video" or
+// "gif" answers the choice.
+void openVideoDesign(const std::shared_ptr<Json> &document, const QString &save, const Storyboard &storyboard,
+    NavigationController &navigation)
+{
+    auto *editor
+        = static_cast<EditVideoPortraitMode *>(storyboard.instantiate(QStringLiteral("EditVideoPortraitMode")));
+    // The video's address as the document names it: the load resolves the background's names in place.
+    const QString video
+        = document->background_json ? document->background_json->background_image.value_or(QString()) : QString();
+    editor->contentJson = document;
+    navigation.push(editor, false);
+    // Once the window has laid the editor out and opened the design.
+    QTimer::singleShot(500, editor, [editor, save, video] {
+        if (!editor->videoView->hasPlayerLayer() && !video.isEmpty())
+            editor->videoView->setVideo(video);
+        if (save == QLatin1String("choice"))
+            editor->savePressed();
+        else if (save == QLatin1String("video") || save == QLatin1String("gif"))
+            editor->exportFlow().exportAs(save == QLatin1String("gif") ? ExportMediaType::GIF : ExportMediaType::Video);
+    });
+}
+
 // --open FILE: the design in an editor over the home screen, without the launch animation; with
-// --save SIZE it is then saved as the size choice's "Original" or "HD" would.
+// --save SIZE it is then saved as the size choice's "Original" or "HD" would (a video design: see above).
 bool openDesign(
     const QString &path, const QString &saveSize, const Storyboard &storyboard, NavigationController &navigation)
 {
@@ -103,6 +128,10 @@ bool openDesign(
         return false;
     }
     navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
+    if (document->is_Video) {
+        openVideoDesign(document, saveSize, storyboard, navigation);
+        return true;
+    }
     auto *editor
         = static_cast<EditImagePortraitMode *>(storyboard.instantiate(QStringLiteral("EditImagePortraitMode")));
     editor->contentJson = document;
@@ -206,7 +235,8 @@ int main(int argc, char **argv)
         QStringLiteral("identifier") });
     parser.addOption(
         { QStringLiteral("tab"), QStringLiteral("Open the home screen on this tab (1 to 4)."), QStringLiteral("n") });
-    parser.addOption({ QStringLiteral("save"), QStringLiteral("With --open, save the design: original or hd."),
+    parser.addOption({ QStringLiteral("save"),
+        QStringLiteral("With --open, save the design: original or hd; a video design: choice, video or gif."),
         QStringLiteral("size") });
     parser.addOption({ QStringLiteral("video"), QStringLiteral("The movie of the screen of --show (the trimmer's)."),
         QStringLiteral("file") });

@@ -72,7 +72,6 @@ void VideoExportFlow::exportAs(ExportMediaType type)
     if (m_notice)
         return; // a hand-over is already under way
     m_mediaType = type;
-    m_session.issavePressed = true;
     if (NavigationController *navigation = m_session.navigationController()) {
         if (qobject_cast<ExportView *>(navigation->topViewController()))
             navigation->dismiss();

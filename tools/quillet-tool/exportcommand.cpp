@@ -67,18 +67,22 @@ std::optional<Options> parse(const QStringList &args, QString *error)
     return options;
 }
 
-/** Opens the design in the editor: a stored design (it has "sample_image") as the designs list does, else a template.
+/**
+ * Opens the design in the editor: a stored design (it has "sample_image") as the designs list does, else
+ * a template. Gives the address of its video as the document names it, before the load resolves names.
  */
-bool open(EditVideoPortraitMode &editor, const QByteArray &text)
+std::optional<QString> open(EditVideoPortraitMode &editor, const QByteArray &text)
 {
     const nlohmann::ordered_json dictionary = nlohmann::ordered_json::parse(text.constData(), nullptr, false);
     if (!dictionary.is_object())
-        return false;
+        return std::nullopt;
     if (dictionary.contains("sample_image"))
         editor.reEditJson = readStoredDesign(dictionary);
     else
         editor.contentJson = Mapper::map<Json>(dictionary);
-    return true;
+    const std::shared_ptr<Json> &document = editor.reEditJson ? editor.reEditJson : editor.contentJson;
+    const std::shared_ptr<BackgroundJson> background = document ? document->background_json : nullptr;
+    return background ? background->background_image.value_or(QString()) : QString();
 }
 
 int exportDesign(const QStringList &args)
@@ -100,16 +104,16 @@ int exportDesign(const QStringList &args)
     editor->setDesignStore(&store);
     editor->setCanvasArea(QRectF(QPointF(0, 0), options->area));
     editor->screenSize = options->area;
-    if (!open(*editor, file.readAll())) {
+    const std::optional<QString> video = open(*editor, file.readAll());
+    if (!video) {
         delete editor;
         return toolFail(QStringLiteral("%1 is not a JSON object").arg(options->path));
     }
     navigation.setRoot(editor);
     if (!editor->errorString().isEmpty())
         return toolFail(editor->errorString());
-    const std::shared_ptr<BackgroundJson> &background = editor->masterJson->background_json;
-    if (!editor->videoView->hasPlayerLayer() && background && background->background_image)
-        editor->videoView->setVideo(*background->background_image);
+    if (!editor->videoView->hasPlayerLayer() && !video->isEmpty())
+        editor->videoView->setVideo(*video);
 
     // The export ends after the album copy; the run ends with it.
     QEventLoop loop;

@@ -17,7 +17,8 @@ Item {
         required property color tint
         signal clicked()
         Layout.fillWidth: true
-        Layout.preferredHeight: width
+        Layout.preferredWidth: 1
+        implicitHeight: 150
         radius: Theme.radius
         color: tap.pressed ? Qt.darker(tile.tint, 1.1) : tile.tint
         ColumnLayout {
@@ -25,8 +26,8 @@ Item {
             spacing: Theme.spacing
             AssetIcon {
                 Layout.alignment: Qt.AlignHCenter
-                Layout.preferredWidth: tile.width * 0.45
-                Layout.preferredHeight: tile.width * 0.45
+                Layout.preferredWidth: 64
+                Layout.preferredHeight: 64
                 asset: tile.asset
                 color: Theme.accent
             }
@@ -59,14 +60,16 @@ Item {
         radius: Theme.radius
         color: Theme.surface
 
-        IconButton {
+        // The close badge keeps its own colours.
+        AssetIcon {
             objectName: "imgClose"
             anchors.top: parent.top
             anchors.right: parent.right
-            anchors.margins: Theme.spacing / 2
+            anchors.margins: Theme.spacing
+            width: 30
+            height: 30
             asset: root.vc.closeImg
-            color: Theme.textMuted
-            onClicked: root.vc.closeClicked()
+            TapHandler { onTapped: root.vc.closeClicked() }
         }
 
         ColumnLayout {

@@ -32,8 +32,9 @@ public:
     QString img1;
     QString img2;
     QString closeImg = QStringLiteral("ic_close");
-    QColor itemBgColor1;
-    QColor itemBgColor2;
+    /** The tiles' colours; transparent leaves them to the view's theme. */
+    QColor itemBgColor1 { Qt::transparent };
+    QColor itemBgColor2 { Qt::transparent };
     /** Told the chosen item: `Video` for the first, `GIF` for the second. */
     std::function<void(ExportMediaType)> delegate;
 

@@ -328,17 +328,21 @@ TEST(VideoExportResult, TheExportGoesOnWhenTheUserLeavesTheScreen)
     ExportFixture f;
     const QString video = f.media.movie(QStringLiteral("v.mp4"), blue, 2.0, true);
     f.open(video);
-    QPointer<VideoExport> running;
-    QObject::connect(&f.editor->exportFlow(), &VideoExportFlow::handedOver, [&running](SaveVideoVC *screen) {
-        QObject::connect(screen, &SaveVideoVC::progressPanelChanged, [&running, screen] {
-            if (!running)
-                running = screen->videoExport();
+    // The export under way once its progress shows; it deletes itself after its last step.
+    bool started = false;
+    bool gone = false;
+    QObject::connect(&f.editor->exportFlow(), &VideoExportFlow::handedOver, [&](SaveVideoVC *screen) {
+        QObject::connect(screen, &SaveVideoVC::progressPanelChanged, [&, screen] {
+            if (started || !screen->videoExport())
+                return;
+            started = true;
+            QObject::connect(screen->videoExport(), &QObject::destroyed, [&gone] { gone = true; });
         });
     });
     f.editor->exportFlow().exportAs(ExportMediaType::Video);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return running; }, 10000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return started; }, 10000));
     f.navigation.pop(false);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !running; }, 120000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gone; }, 120000));
     EXPECT_EQ(QDir(f.albumFolder()).entryList({ QStringLiteral("*.mov") }, QDir::Files).size(), 1);
     const QList<SavedDesign> designs = f.designs();
     ASSERT_EQ(designs.size(), 1);

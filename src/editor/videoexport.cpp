@@ -98,12 +98,18 @@ void VideoExport::runMerge(bool muted)
     }
     // Queued to this export, which lives until the merge has completed.
     auto report = [this](float value) {
-        QMetaObject::invokeMethod(this, [this, value] { Q_EMIT progress(value); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, value] { Q_EMIT progress(value); }, Qt::QueuedConnection);
     };
     merge.overlayVideo(
         MediaAsset(m_request.videoURL.toLocalFile()), m_request.ratioSize, muted, audio, m_request.overlayImage,
-        [this](const std::optional<QUrl> &url, std::optional<bool> retryMuted) { mergeEnded(url, retryMuted); }, report,
-        tap);
+        // Queued, so that it runs on this export's thread even when the merge's call comes from elsewhere
+        // (as it does once the application is shutting down).
+        [this](const std::optional<QUrl> &url, std::optional<bool> retryMuted) {
+            QMetaObject::invokeMethod(
+                this, [this, url, retryMuted] { mergeEnded(url, retryMuted); }, Qt::QueuedConnection);
+        },
+        report, tap);
 }
 
 void VideoExport::mergeEnded(const std::optional<QUrl> &url, std::optional<bool> retryMuted)
@@ -141,15 +147,21 @@ void VideoExport::makeGif()
         + QString::number(QDateTime::currentMSecsSinceEpoch()) + QStringLiteral(".gif");
     const GifMaker maker(destination, GifMaker::sizeFor(*m_request.ratioSize));
     maker.createGifInBackground(std::exchange(m_gifFrames, nullptr), [this](const std::optional<QUrl> &gif) {
-        Q_EMIT workEnded();
-        requestReview();
-        if (!gif) {
-            finish();
-            return;
-        }
-        m_gifURL = gif;
-        storeWith([file = gif->toLocalFile()] { return QImage(file); }, m_gifURL);
+        QMetaObject::invokeMethod(
+            this, [this, gif] { gifEnded(gif); }, Qt::QueuedConnection);
     });
+}
+
+void VideoExport::gifEnded(const std::optional<QUrl> &gif)
+{
+    Q_EMIT workEnded();
+    requestReview();
+    if (!gif) {
+        finish();
+        return;
+    }
+    m_gifURL = gif;
+    storeWith([file = gif->toLocalFile()] { return QImage(file); }, m_gifURL);
 }
 
 void VideoExport::storeWithoutVideo(const QImage &picture)

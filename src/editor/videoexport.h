@@ -92,6 +92,7 @@ private:
     void runMerge(bool muted);
     void mergeEnded(const std::optional<QUrl> &url, std::optional<bool> retryMuted);
     void makeGif();
+    void gifEnded(const std::optional<QUrl> &gif);
     /** Draws the preview off the GUI thread, writes it into Documents, then stores the design. */
     void storeWith(std::function<QImage()> picture, const std::optional<QUrl> &resultURL);
     void store(const QImage &picture, const QString &sampleImage, const std::optional<QUrl> &resultURL);

@@ -11,6 +11,7 @@
 #include "designsscreens.h"
 #include "editimageportraitmode.h"
 #include "editorscreens.h"
+#include "editvideoportraitmode.h"
 #include "fontpickerscreens.h"
 #include "homevc.h"
 #include "imagecacheprovider.h"
@@ -26,6 +27,7 @@
 #include "videopickerscreens.h"
 #include "videoscreens.h"
 
+#include <QApplication>
 #include <QCommandLineParser>
 #include <QDesktopServices>
 #include <QDirIterator>
@@ -88,9 +90,24 @@ void registerScreens(Storyboard &storyboard, ServerClient *client)
     MyDesignsScreens::registerScreens(storyboard);
 }
 
+// --save of a video design: "choice" presses SAVE, "video" or "gif" answers the choice; false for any other.
+bool exportVideoDesign(EditVideoPortraitMode *editor, const QString &save)
+{
+    if (save != QLatin1String("choice") && save != QLatin1String("video") && save != QLatin1String("gif"))
+        return false;
+    // Once the window has laid the editor out and opened the design.
+    QTimer::singleShot(500, editor, [editor, save] {
+        if (save == QLatin1String("choice"))
+            editor->savePressed();
+        else
+            editor->exportFlow().exportAs(save == QLatin1String("gif") ? ExportMediaType::GIF : ExportMediaType::Video);
+    });
+    return true;
+}
+
 // --open FILE: the design in its editor (the video editor for a video design) over the home screen,
-// without the launch animation; with --save SIZE a picture design is then saved as the size choice's
-// "Original" or "HD" would.
+// without the launch animation; with --save a picture design is then saved as the size choice's
+// "Original" or "HD" would, a video design exported (see above).
 bool openDesign(
     const QString &path, const QString &saveSize, const Storyboard &storyboard, NavigationController &navigation)
 {
@@ -108,15 +125,15 @@ bool openDesign(
         = document->is_Video ? QStringLiteral("EditVideoPortraitMode") : QStringLiteral("EditImagePortraitMode");
     auto *editor = static_cast<EditorSession *>(storyboard.instantiate(identifier));
     auto *imageEditor = qobject_cast<EditImagePortraitMode *>(editor);
-    if (!saveSize.isEmpty() && !imageEditor) {
-        qCritical().noquote() << path << "is a video design; --save takes picture designs";
-        delete editor;
-        return false;
-    }
     navigation.setRoot(storyboard.instantiate(QStringLiteral("HomeVC")));
     editor->contentJson = document;
     navigation.push(editor, false);
-    if (!saveSize.isEmpty()) {
+    if (auto *videoEditor = qobject_cast<EditVideoPortraitMode *>(editor); videoEditor && !saveSize.isEmpty()) {
+        if (!exportVideoDesign(videoEditor, saveSize)) {
+            qCritical().noquote() << path << "is a video design; --save takes choice, video or gif";
+            return false;
+        }
+    } else if (imageEditor && !saveSize.isEmpty()) {
         const bool isHD = saveSize.compare(QLatin1String("hd"), Qt::CaseInsensitive) == 0;
         // Once the window has laid the editor out and opened the design.
         QTimer::singleShot(500, imageEditor, [imageEditor, isHD] { imageEditor->saveFlow().save(isHD); });
@@ -196,7 +213,8 @@ int selfTest(QQmlApplicationEngine &engine, const Storyboard &storyboard)
 
 int main(int argc, char **argv)
 {
-    QGuiApplication app(argc, argv);
+    // A widgets application, for the system tray that shows the export's notice.
+    QApplication app(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("Quillet"));
     QGuiApplication::setOrganizationName(QStringLiteral("Quillet"));
     if (qEnvironmentVariableIsEmpty("QT_QUICK_CONTROLS_STYLE"))
@@ -214,7 +232,8 @@ int main(int argc, char **argv)
         QStringLiteral("identifier") });
     parser.addOption(
         { QStringLiteral("tab"), QStringLiteral("Open the home screen on this tab (1 to 4)."), QStringLiteral("n") });
-    parser.addOption({ QStringLiteral("save"), QStringLiteral("With --open, save the design: original or hd."),
+    parser.addOption({ QStringLiteral("save"),
+        QStringLiteral("With --open, save the design: original or hd; a video design: choice, video or gif."),
         QStringLiteral("size") });
     parser.addOption({ QStringLiteral("video"), QStringLiteral("The movie of the screen of --show (the trimmer's)."),
         QStringLiteral("file") });

@@ -16,16 +16,32 @@ bool DesignSaver::saveEdit(Json &document)
 bool DesignSaver::saveFinal(Json &document, const QString &sampleImage, const QString &thumbnailImage,
     RecordList<StickerJson> stickersInStackingOrder)
 {
-    document.changed_text_json.reset();
-    document.changed_sticker_json.reset();
-    document.changed_image_sticker_json.reset();
-    document.changed_frame_image_sticker_json.reset();
-    document.changed_background_json.reset();
+    clearDeltas(document);
     document.sample_image = sampleImage;
     document.thumbnail_img = thumbnailImage;
     document.sticker_json = std::move(stickersInStackingOrder);
     document.is_editsaved = true;
     return store(document);
+}
+
+bool DesignSaver::saveExport(Json &document, const QString &sampleImage, const std::optional<QString> &backgroundImage,
+    const std::optional<QString> &sampleVideo)
+{
+    clearDeltas(document);
+    if (document.background_json)
+        document.background_json->background_image = backgroundImage;
+    document.sample_image = sampleImage;
+    document.sample_video = sampleVideo;
+    return store(document);
+}
+
+void DesignSaver::clearDeltas(Json &document)
+{
+    document.changed_text_json.reset();
+    document.changed_sticker_json.reset();
+    document.changed_image_sticker_json.reset();
+    document.changed_frame_image_sticker_json.reset();
+    document.changed_background_json.reset();
 }
 
 bool DesignSaver::store(Json &document)

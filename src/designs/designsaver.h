@@ -31,7 +31,17 @@ public:
     bool saveFinal(Json &document, const QString &sampleImage, const QString &thumbnailImage,
         RecordList<StickerJson> stickersInStackingOrder);
 
+    /**
+     * The store of an exported video design: the step deltas are dropped so that the document stands
+     * by itself, the background names the video it was made from, the preview and the exported movie
+     * or GIF are named. The row keeps the document's `is_Video`.
+     */
+    bool saveExport(Json &document, const QString &sampleImage, const std::optional<QString> &backgroundImage,
+        const std::optional<QString> &sampleVideo);
+
 private:
+    /** Drops the records of single steps, which the whole layer lists already hold. */
+    static void clearDeltas(Json &document);
     /**
      * Stores the document, with an empty "sample_image" when it has none. False, with the store
      * untouched, when no JSON text can be made of it.

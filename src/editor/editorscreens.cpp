@@ -3,10 +3,12 @@
 #include "addtextvc.h"
 #include "editimageportraitmode.h"
 #include "editvideoportraitmode.h"
+#include "exportview.h"
 #include "highlighteditor.h"
 #include "moreeditimagevc.h"
 #include "moreeditvideovc.h"
 #include "saveimagevc.h"
+#include "savevideovc.h"
 #include "storyboard.h"
 
 namespace EditorScreens {
@@ -37,6 +39,15 @@ void registerScreens(Storyboard &storyboard, const PhotoAlbum &album)
     storyboard.registerFactory(QStringLiteral("SaveImageVC"),
         QUrl(QStringLiteral("qrc:/Quillet/Editor/SaveImageVCView.qml")), [&storyboard, album] {
             auto *screen = new SaveImageVC();
+            screen->setStoryboard(&storyboard);
+            screen->setPhotoAlbum(album);
+            return screen;
+        });
+    storyboard.registerScreen<ExportView>(
+        QStringLiteral("ExportView"), QUrl(QStringLiteral("qrc:/Quillet/Editor/ExportViewView.qml")));
+    storyboard.registerFactory(QStringLiteral("SaveVideoVC"),
+        QUrl(QStringLiteral("qrc:/Quillet/Editor/SaveVideoVCView.qml")), [&storyboard, album] {
+            auto *screen = new SaveVideoVC();
             screen->setStoryboard(&storyboard);
             screen->setPhotoAlbum(album);
             return screen;

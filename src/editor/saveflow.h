@@ -49,10 +49,10 @@ public:
     void saveDesign(const QImage &image, std::function<void()> done = {});
     /** After every recorded step: the document as an edit in progress. */
     void automaticSave();
-
-private:
+    /** The store that the saves write. */
     [[nodiscard]] DesignStore &store();
 
+private:
     EditorSession &m_session;
     DesignStore *m_store = nullptr;
     std::unique_ptr<DesignStore> m_ownStore;

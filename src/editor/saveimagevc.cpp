@@ -1,6 +1,5 @@
 #include "saveimagevc.h"
 
-#include "alertmodel.h"
 #include "applog.h"
 #include "apppaths.h"
 #include "fullscreenvc.h"
@@ -9,22 +8,19 @@
 #include "reviewprompt.h"
 #include "sharesheet.h"
 #include "storyboard.h"
-#include "userdefaults.h"
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
-#include <QUrl>
 #include <QtConcurrent>
 
 SaveImageVC::SaveImageVC(QObject *parent)
-    : ViewController(parent)
+    : SaveResultVC(parent)
 {
     connect(&m_albumSave, &QFutureWatcherBase::finished, this, [this] {
         const AlbumResult result = m_albumSave.result();
         if (result.file.isEmpty())
             AppLog::print(QStringLiteral("Could not save the picture to the album: ") + result.error);
-        m_albumFile = result.file;
+        setAlbumFile(result.file);
         Q_EMIT albumSaveFinished();
         ReviewPrompt::requestReview(navigationController());
     });
@@ -42,12 +38,13 @@ void SaveImageVC::viewDidLoad()
 
 void SaveImageVC::saveToAlbum()
 {
-    switch (m_album.requestAuthorization()) {
+    switch (photoAlbum().requestAuthorization()) {
     case PhotoAlbum::AuthorizationStatus::Authorized:
         break;
     case PhotoAlbum::AuthorizationStatus::Denied:
         AppLog::print(QStringLiteral("Not allowed"));
-        showPermissionAlert();
+        showPermissionAlert(tr("Allow Permission"),
+            tr("\"Quillet\" needs Photos permission to save card to your device"), tr("Settings"), true);
         Q_EMIT albumSaveFinished();
         return;
     case PhotoAlbum::AuthorizationStatus::NotDetermined:
@@ -55,44 +52,16 @@ void SaveImageVC::saveToAlbum()
         Q_EMIT albumSaveFinished();
         return;
     }
-    m_albumSave.setFuture(QtConcurrent::run([album = m_album, data = editedImageData]() mutable {
-        AlbumResult result;
-        if (album.exists() || album.create(&result.error))
-            result.file = album.addAsset(data, QStringLiteral(".png"), &result.error);
-        return result;
-    }));
-}
-
-void SaveImageVC::showPermissionAlert()
-{
-    NavigationController *navigation = navigationController();
-    if (!navigation)
-        return;
-    auto *alert
-        = new AlertModel(tr("Allow Permission"), tr("\"Quillet\" needs Photos permission to save card to your device"));
-    // The desktop's settings for the album are the folder's own: the file manager opens where it should be.
-    alert->addAction(tr("Settings"), AlertModel::Style::Default,
-        [location = PhotoAlbum::picturesLocation()] { QDesktopServices::openUrl(QUrl::fromLocalFile(location)); });
-    alert->addAction(tr("Cancel"), AlertModel::Style::Cancel);
-    navigation->presentAlert(alert);
-}
-
-void SaveImageVC::backPressed()
-{
-    if (NavigationController *navigation = navigationController())
-        navigation->pop();
-}
-
-void SaveImageVC::homeClicked()
-{
-    if (NavigationController *navigation = navigationController())
-        navigation->popToRoot();
+    const AddAsset add = [data = editedImageData](PhotoAlbum &album, QString *error) {
+        return album.addAsset(data, QStringLiteral(".png"), error);
+    };
+    m_albumSave.setFuture(QtConcurrent::run(addToAlbum, photoAlbum(), add));
 }
 
 QString SaveImageVC::shareFile() const
 {
-    if (!m_albumFile.isEmpty() && QFileInfo::exists(m_albumFile))
-        return m_albumFile;
+    if (!albumFile().isEmpty() && QFileInfo::exists(albumFile()))
+        return albumFile();
     const std::shared_ptr<Json> json = contentJson.lock();
     if (json && json->sample_image && !json->sample_image->isEmpty()) {
         const QString preview = QDir(AppPaths::documents()).filePath(*json->sample_image);
@@ -113,57 +82,30 @@ void SaveImageVC::shareClicked()
     navigation->presentAlert(ShareSheet::make(file, editedImage));
 }
 
-void SaveImageVC::fbClicked()
-{
-    shareClicked();
-}
-
-void SaveImageVC::whatsappClicked()
-{
-    shareClicked();
-}
-
-void SaveImageVC::instaClicked()
-{
-    shareClicked();
-}
-
 void SaveImageVC::printClicked()
 {
-    PrintInteractionController::presentFor(editedImage, navigationController(), m_storyboard);
+    PrintInteractionController::presentFor(editedImage, navigationController(), storyboard());
 }
 
 void SaveImageVC::deleteClicked()
 {
-    NavigationController *navigation = navigationController();
-    if (!navigation)
-        return;
-    auto *alert = new AlertModel(tr("Confirm"), tr("Are you sure you want to delete this image?"));
-    alert->addAction(tr("Cancel"), AlertModel::Style::Cancel);
-    alert->addAction(tr("DELETE"), AlertModel::Style::Destructive, [screen = QPointer(this)] {
+    confirmDelete(tr("Are you sure you want to delete this image?"), tr("Cancel"), [screen = QPointer(this)] {
         if (!screen)
             return;
         QString error;
-        if (!screen->m_album.deleteLastImageAsset(&error))
+        if (!screen->photoAlbum().deleteLastImageAsset(&error))
             AppLog::print(QStringLiteral("Could not delete the picture: ") + error);
-        screen->m_albumFile.clear();
+        screen->setAlbumFile(QString());
         if (NavigationController *stack = screen->navigationController())
             stack->pop();
     });
-    navigation->presentAlert(alert);
-}
-
-void SaveImageVC::btnRateClicked()
-{
-    UserDefaults::standard().setBoolean(DefaultsKey::isRatted, true);
-    ReviewPrompt::openReviewPage();
 }
 
 void SaveImageVC::btnFullScreenClicked()
 {
     NavigationController *navigation = navigationController();
-    auto *screen = m_storyboard
-        ? qobject_cast<FullScreenVC *>(m_storyboard->instantiate(QStringLiteral("FullScreenVC")))
+    auto *screen = storyboard()
+        ? qobject_cast<FullScreenVC *>(storyboard()->instantiate(QStringLiteral("FullScreenVC")))
         : nullptr;
     if (!navigation || !screen) {
         delete screen;

@@ -11,6 +11,7 @@ namespace {
 
 const QStringList imageSuffixes { QStringLiteral("png"), QStringLiteral("jpg"), QStringLiteral("jpeg"),
     QStringLiteral("gif"), QStringLiteral("webp"), QStringLiteral("heic") };
+const QStringList movieSuffixes { QStringLiteral("mov"), QStringLiteral("mp4"), QStringLiteral("m4v") };
 
 QDateTime creationDate(const QFileInfo &file)
 {
@@ -69,12 +70,7 @@ QString PhotoAlbum::addAsset(const QByteArray &data, const QString &suffix, QStr
         *error = QStringLiteral("the picture has no data");
         return {};
     }
-    const QDir album(m_folder);
-    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddHHmmss"));
-    QString name = stamp + suffix;
-    for (int n = 1; album.exists(name); ++n)
-        name = stamp + QLatin1Char('_') + QString::number(n) + suffix;
-    QSaveFile file(album.filePath(name));
+    QSaveFile file(newAssetPath(suffix));
     if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size() || !file.commit()) {
         *error = QStringLiteral("cannot write %1: %2").arg(file.fileName(), file.errorString());
         return {};
@@ -82,12 +78,59 @@ QString PhotoAlbum::addAsset(const QByteArray &data, const QString &suffix, QStr
     return file.fileName();
 }
 
+QString PhotoAlbum::newAssetPath(const QString &suffix) const
+{
+    const QDir album(m_folder);
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddHHmmss"));
+    QString name = stamp + suffix;
+    for (int n = 1; album.exists(name); ++n)
+        name = stamp + QLatin1Char('_') + QString::number(n) + suffix;
+    return album.filePath(name);
+}
+
+QString PhotoAlbum::addAssetFromFile(const QString &file, QString *error)
+{
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly)) {
+        *error = QStringLiteral("cannot read %1: %2").arg(file, source.errorString());
+        return {};
+    }
+    const QString suffix = QLatin1Char('.') + QFileInfo(file).suffix();
+    QSaveFile copy(newAssetPath(suffix));
+    if (!copy.open(QIODevice::WriteOnly)) {
+        *error = QStringLiteral("cannot write %1: %2").arg(copy.fileName(), copy.errorString());
+        return {};
+    }
+    // In pieces: a movie need not fit in memory.
+    constexpr qint64 pieceSize = qint64(1) << 20;
+    while (!source.atEnd()) {
+        const QByteArray piece = source.read(pieceSize);
+        if (piece.isEmpty() || copy.write(piece) != piece.size()) {
+            *error = QStringLiteral("cannot copy %1 into %2").arg(file, copy.fileName());
+            copy.cancelWriting();
+            return {};
+        }
+    }
+    if (!copy.commit()) {
+        *error = QStringLiteral("cannot write %1: %2").arg(copy.fileName(), copy.errorString());
+        return {};
+    }
+    return copy.fileName();
+}
+
 QFileInfoList PhotoAlbum::imageAssets() const
+{
+    return assets(false);
+}
+
+QFileInfoList PhotoAlbum::assets(bool withMovies) const
 {
     QFileInfoList pictures;
     const QFileInfoList files = QDir(m_folder).entryInfoList(QDir::Files);
-    std::copy_if(files.cbegin(), files.cend(), std::back_inserter(pictures),
-        [](const QFileInfo &file) { return imageSuffixes.contains(file.suffix().toLower()); });
+    std::copy_if(files.cbegin(), files.cend(), std::back_inserter(pictures), [withMovies](const QFileInfo &file) {
+        const QString suffix = file.suffix().toLower();
+        return imageSuffixes.contains(suffix) || (withMovies && movieSuffixes.contains(suffix));
+    });
     // Names are time stamps, so they order pictures made within one tick of the clock.
     std::stable_sort(pictures.begin(), pictures.end(), [](const QFileInfo &a, const QFileInfo &b) {
         const QDateTime first = creationDate(a);
@@ -99,7 +142,17 @@ QFileInfoList PhotoAlbum::imageAssets() const
 
 bool PhotoAlbum::deleteLastImageAsset(QString *error)
 {
-    const QFileInfoList pictures = imageAssets();
+    return deleteLast(false, error);
+}
+
+bool PhotoAlbum::deleteLastAsset(QString *error)
+{
+    return deleteLast(true, error);
+}
+
+bool PhotoAlbum::deleteLast(bool withMovies, QString *error)
+{
+    const QFileInfoList pictures = assets(withMovies);
     if (pictures.isEmpty()) {
         *error = QStringLiteral("the album %1 holds no picture").arg(m_folder);
         return false;

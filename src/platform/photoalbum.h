@@ -39,13 +39,24 @@ public:
      * all. Returns the new file's path, or an empty text with `error` set.
      */
     QString addAsset(const QByteArray &data, const QString &suffix, QString *error);
+    /**
+     * Adds a movie or an animated picture as a copy of its file, unchanged and whole or not at all, with
+     * the file's suffix. Returns the new file's path, or an empty text with `error` set.
+     */
+    QString addAssetFromFile(const QString &file, QString *error);
     /** The album's pictures, oldest first by creation date. */
     [[nodiscard]] QFileInfoList imageAssets() const;
     /** Deletes the newest picture; false with `error` set when there is none or it cannot go. */
     bool deleteLastImageAsset(QString *error);
+    /** Deletes the newest picture or movie; false with `error` set when there is none or it cannot go. */
+    bool deleteLastAsset(QString *error);
 
 private:
     PhotoAlbum() = default;
+    /** A free name for a new asset: the time stamp, numbered when taken. */
+    [[nodiscard]] QString newAssetPath(const QString &suffix) const;
+    [[nodiscard]] QFileInfoList assets(bool withMovies) const;
+    bool deleteLast(bool withMovies, QString *error);
     QString m_folder;
     AuthorizationStatus m_status = AuthorizationStatus::NotDetermined;
 };

@@ -35,6 +35,7 @@
 Q_IMPORT_QML_PLUGIN(Quillet_EditorPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_Editor_LayersPlugin)
 Q_IMPORT_QML_PLUGIN(Quillet_UiPlugin)
+Q_IMPORT_QML_PLUGIN(Quillet_VideoPlugin)
 
 namespace {
 

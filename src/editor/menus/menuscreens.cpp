@@ -94,8 +94,12 @@ bool MenuScreens::openTopRow(EditorKind kind, int row)
         return true;
     }
     case 2:
-        if (video)
-            return false;
+        if (video) {
+            // "Add Video": the background-video pager, which hands the movie back to this editor.
+            push<ContentCategoryPager>(QStringLiteral("BGVideoContentCategoryPagerVC"),
+                [kind](ContentCategoryPager &pager) { pager.vcTag = kind == EditorKind::MoreEditVideo ? 2 : 1; });
+            return true;
+        }
         backgroundPager();
         return true;
     case 3:

@@ -232,7 +232,8 @@ void ToolMenus::didSelectTopRow(int row)
     if (row < 0 || row >= rows.size())
         return;
     const bool video = m_kind == EditorKind::VideoPortrait || m_kind == EditorKind::MoreEditVideo;
-    if (video && (row == 2 || row == 3)) {
+    // "Music" waits for the audio library, which the editor does not hold.
+    if (video && row == 3) {
         Q_EMIT mediaRowSelected(rows.at(row).text);
         return;
     }

@@ -146,7 +146,7 @@ public:
 Q_SIGNALS:
     void barsChanged();
     void popTipChanged();
-    /** "Add Video" or "Music" of a video editor's top level: the video editor opens its own picker. */
+    /** "Music" of a video editor's top level, for the audio library to answer. */
     void mediaRowSelected(const QString &text);
 
 private:

@@ -6,7 +6,6 @@
 #include "storeddesign.h"
 
 #include <QFile>
-#include <QRegularExpression>
 
 #include <cstdio>
 #include <utility>
@@ -44,11 +43,10 @@ int load(const QStringList &args)
         if (arg == QLatin1String("--reedit")) {
             reEdit = true;
         } else if (arg == QLatin1String("--area") && i + 1 < args.size()) {
-            const auto match
-                = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$")).match(args.at(++i));
-            if (!match.hasMatch())
+            const std::optional<QSizeF> parsed = parseToolSize(args.at(++i));
+            if (!parsed)
                 return toolFail(QStringLiteral("--area takes WxH, e.g. 360x640"));
-            area = QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
+            area = *parsed;
         } else if (arg == QLatin1String("--scale") && i + 1 < args.size()) {
             bool ok = false;
             scale = args.at(++i).toDouble(&ok);

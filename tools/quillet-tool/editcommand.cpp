@@ -19,7 +19,6 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QImage>
-#include <QRegularExpression>
 #include <QtMath>
 
 #include <algorithm>
@@ -397,11 +396,10 @@ int edit(const QStringList &args)
         } else if (arg == QLatin1String("-o") && i + 1 < args.size()) {
             outPath = args.at(++i);
         } else if (arg == QLatin1String("--area") && i + 1 < args.size()) {
-            const auto match
-                = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$")).match(args.at(++i));
-            if (!match.hasMatch())
+            const std::optional<QSizeF> parsed = parseToolSize(args.at(++i));
+            if (!parsed)
                 return toolFail(QStringLiteral("--area takes WxH, e.g. 360x640"));
-            area = QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
+            area = *parsed;
         } else if (arg == QLatin1String("--steps") && i + 1 < args.size()) {
             stepsPath = args.at(++i);
         } else if (path.isEmpty() && !arg.startsWith(QLatin1String("--"))) {

@@ -13,7 +13,6 @@
 
 #include <QEventLoop>
 #include <QFile>
-#include <QRegularExpression>
 
 #include <chrono>
 #include <cstdio>
@@ -41,13 +40,12 @@ std::optional<Options> parse(const QStringList &args, QString *error)
         } else if (arg == QLatin1String("--album") && hasValue) {
             options.album = args.at(++i);
         } else if (arg == QLatin1String("--area") && hasValue) {
-            const auto match
-                = QRegularExpression(QStringLiteral("^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$")).match(args.at(++i));
-            if (!match.hasMatch()) {
+            const std::optional<QSizeF> area = parseToolSize(args.at(++i));
+            if (!area) {
                 *error = QStringLiteral("--area takes WxH, e.g. 360x640");
                 return std::nullopt;
             }
-            options.area = QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble());
+            options.area = *area;
         } else if (options.path.isEmpty() && !arg.startsWith(QLatin1Char('-'))) {
             options.path = arg;
         } else {
